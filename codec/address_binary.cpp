@@ -1,0 +1,60 @@
+#include "codec/address_binary.h"
+
+#include "codec/codec_result.h"
+#include "codec/text_binary.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr QLatin1StringView phoneSuffix("/TYPE=PLMN");
+
+bool canBeSent(const MMS_UTIL_Entry& entry) {
+    return entry.getType() == MMS_UTIL_Entry::PLMN || entry.getType() == MMS_UTIL_Entry::EMAIL;
+}
+
+QString wireText(const MMS_UTIL_Entry& entry) {
+    return entry.getType() == MMS_UTIL_Entry::PLMN ? entry.getAddress() + phoneSuffix : entry.getAddress();
+}
+
+bool isAscii(const QString& text) {
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+MMS_UTIL_Entry parseAddress(const QString& text) {
+    const auto suffix = text.indexOf(phoneSuffix);
+    if (suffix >= 0)
+        return {QString(), MMS_UTIL_Entry::PLMN, text.left(suffix)};
+    if (!text.contains('@'))
+        return {QString(), MMS_UTIL_Entry::PLMN, text};
+    const auto open = text.indexOf('<');
+    if (open < 0)
+        return {QString(), MMS_UTIL_Entry::EMAIL, text};
+    const auto close = text.indexOf('>', open);
+    const auto length = close < 0 ? -1 : close - open - 1;
+    return {text.left(open), MMS_UTIL_Entry::EMAIL, text.mid(open + 1, length)};
+}
+
+} // namespace
+
+unsigned char AddressBinary::readFrom(LinearBuffer* buffer, MMS_UTIL_Entry* out) {
+    QString text;
+    const unsigned char result = EncodedStringBinary::readFrom(buffer, &text);
+    *out = parseAddress(text);
+    return result;
+}
+
+unsigned char AddressBinary::writeTo(LinearBuffer* buffer, const MMS_UTIL_Entry& entry) {
+    if (!canBeSent(entry))
+        return CODEC_REFUSED;
+    const QString text = wireText(entry);
+    return isAscii(text) ? PlainTextBinary::writeTo(buffer, text)
+                         : EncodedStringBinary::writeTo(buffer, text);
+}
+
+int AddressBinary::sizeOf(const MMS_UTIL_Entry& entry) {
+    if (!canBeSent(entry))
+        return 0;
+    const QString text = wireText(entry);
+    return isAscii(text) ? PlainTextBinary::sizeOf(text) : EncodedStringBinary::sizeOf(text);
+}

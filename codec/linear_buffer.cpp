@@ -1,0 +1,58 @@
+#include "codec/linear_buffer.h"
+
+#include <algorithm>
+#include <cstring>
+
+LinearBuffer::LinearBuffer(unsigned char* data, int length) : data_(data), length_(std::max(length, 0)) {
+}
+
+bool LinearBuffer::readByte(unsigned char* out) {
+    if (position_ > length_)
+        return false;
+    *out = readByte();
+    return true;
+}
+
+const unsigned char* LinearBuffer::skip(int n) {
+    if (n < 0 || n > restLength())
+        return nullptr;
+    const unsigned char* begin = rest();
+    position_ += n;
+    return begin;
+}
+
+bool LinearBuffer::readData(unsigned char* out, int n) {
+    const unsigned char* begin = skip(n);
+    if (begin && n)
+        std::memcpy(out, begin, static_cast<size_t>(n));
+    return begin != nullptr;
+}
+
+bool LinearBuffer::appendByte(unsigned char octet) {
+    return appendData(&octet, 1);
+}
+
+bool LinearBuffer::appendData(const unsigned char* src, int n) {
+    if (n < 0 || n > restLength())
+        return false;
+    if (n)
+        std::memcpy(data_ + position_, src, static_cast<size_t>(n));
+    position_ += n;
+    return true;
+}
+
+void LinearBuffer::rewind(int n) {
+    const long long target = static_cast<long long>(position_) - n;
+    position_ = static_cast<int>(std::clamp(target, 0LL, static_cast<long long>(length_)));
+}
+
+void LinearBuffer::forward(int n) {
+    const long long target = static_cast<long long>(position_) + n;
+    // a step over the end stops on the last octet, not behind it
+    position_ = static_cast<int>(std::clamp(target, 0LL, std::max(length_ - 1LL, 0LL)));
+}
+
+void LinearBuffer::zerolize() {
+    if (length_ > 0)
+        std::memset(data_, 0, static_cast<size_t>(length_));
+}

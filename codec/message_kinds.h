@@ -1,0 +1,28 @@
+#pragma once
+
+#include "codec/field_code.h"
+#include "platform/export.h"
+
+#include <span>
+
+/// The kinds of PDU, by the octet of the Message-Type field (MMS encapsulation, section 7.2.16).
+enum MESSAGE_TYPE : unsigned char {
+    MESSAGE_SEND_REQ = 128,
+    MESSAGE_SEND_CONF = 129,
+    MESSAGE_NOTIFICATION_IND = 130,
+    MESSAGE_NOTIFYRESP_IND = 131,
+    MESSAGE_RETRIEVE_CONF = 132,
+    MESSAGE_ACKNOWLEDGE_IND = 133,
+    MESSAGE_DELIVERY_IND = 134,
+};
+
+/// What is to be known of one kind of PDU.
+struct MessageKind {
+    MESSAGE_TYPE type;
+    const char* name;               ///< such as "m-send-req"
+    std::span<const int> order;     ///< the field codes it is written with, in this order
+    std::span<const int> mandatory; ///< the fields a received one must have
+};
+
+/// The row for a Message-Type octet; null for a type that is not known. The table is the library's.
+LUM_EXPORT const MessageKind* messageKind(unsigned char type);

@@ -1,0 +1,108 @@
+#include "codec/text_binary.h"
+
+#include "codec/codec_result.h"
+#include "codec/integer_binary.h"
+#include "codec/linear_buffer.h"
+
+#include <QByteArray>
+
+#include <cstring>
+
+namespace {
+
+constexpr unsigned char quote = 127;
+constexpr int utf8Mib = 106;
+
+/// A text as the octets that stand on the wire, without the closing zero.
+struct WireText {
+    explicit WireText(const QString& text)
+        : utf8(text.toUtf8()), quoted(!utf8.isEmpty() && (utf8.at(0) & 0x80)) {}
+
+    int size() const { return static_cast<int>(utf8.size()) + (quoted ? 1 : 0); }
+
+    void appendTo(LinearBuffer* buffer) const {
+        if (quoted)
+            buffer->appendByte(quote);
+        buffer->appendData(reinterpret_cast<const unsigned char*>(utf8.constData()),
+                           static_cast<int>(utf8.size()));
+        buffer->appendByte(0);
+    }
+
+    QByteArray utf8;
+    bool quoted;
+};
+
+} // namespace
+
+unsigned char PlainTextBinary::readFrom(LinearBuffer* buffer, QString* out) {
+    if (!buffer->hasMore())
+        return CODEC_MALFORMED;
+    const unsigned char* begin = buffer->rest();
+    const int left = buffer->restLength();
+    const void* zero = std::memchr(begin, 0, static_cast<size_t>(left));
+    const int length = zero ? static_cast<int>(static_cast<const unsigned char*>(zero) - begin) : left;
+    buffer->skip(zero ? length + 1 : length);
+    const int dropped = length > 0 && *begin == quote ? 1 : 0;
+    *out = QString::fromLatin1(reinterpret_cast<const char*>(begin) + dropped, length - dropped);
+    return zero ? CODEC_READ : CODEC_MALFORMED;
+}
+
+unsigned char PlainTextBinary::writeTo(LinearBuffer* buffer, const QString& text) {
+    WireText(text).appendTo(buffer);
+    return CODEC_WRITTEN;
+}
+
+int PlainTextBinary::sizeOf(const QString& text) {
+    return WireText(text).size() + 1;
+}
+
+unsigned char EncodedStringBinary::readFrom(LinearBuffer* buffer, QString* out) {
+    if (!buffer->hasMore())
+        return CODEC_MALFORMED;
+    const unsigned char first = *buffer->rest();
+    if (first == 0 || (first >= 32 && first <= 127))
+        return PlainTextBinary::readFrom(buffer, out);
+
+    int count = 0;
+    unsigned char result = ValueLengthBinary::readFrom(buffer, &count);
+    if (result != CODEC_READ)
+        return result;
+    const int charsetAt = buffer->getPosition();
+    int charset = 0;
+    result = IntegerBinary::readFrom(buffer, &charset);
+    if (result != CODEC_READ)
+        return result;
+    if (count < 0)
+        return CODEC_MALFORMED;
+    count -= buffer->getPosition() - charsetAt;
+    const unsigned char* block = buffer->skip(count); // null for a negative count, too
+    if (!block)
+        return CODEC_MALFORMED;
+
+    const unsigned char* text = block;
+    if (count > 0 && *text == quote) {
+        ++text;
+        --count;
+    }
+    // the closing zero is looked for at a place counted from the quote, so behind one it stays
+    if (count > 0 && block[count - 1] == 0)
+        --count;
+    // Only the charset 0xEA in its long form (01 EA) selects UTF-8; the short form that senders use
+    // reads as 106 and takes the local charset.
+    const char* octets = reinterpret_cast<const char*>(text);
+    *out = charset == 0xEA ? QString::fromUtf8(octets, count) : QString::fromLocal8Bit(octets, count);
+    return CODEC_READ;
+}
+
+unsigned char EncodedStringBinary::writeTo(LinearBuffer* buffer, const QString& text) {
+    const WireText wire(text);
+    ValueLengthBinary::writeTo(buffer, wire.size() + 2); // the charset and the closing zero
+    IntegerBinary::writeTo(buffer, utf8Mib);
+    wire.appendTo(buffer);
+    return CODEC_WRITTEN;
+}
+
+int EncodedStringBinary::sizeOf(const QString& text) {
+    const int size = WireText(text).size() + 2;
+    return ValueLengthBinary::sizeOf(size) + size;
+}

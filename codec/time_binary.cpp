@@ -1,0 +1,103 @@
+#include "codec/time_binary.h"
+
+#include "codec/codec_result.h"
+#include "codec/integer_binary.h"
+#include "codec/linear_buffer.h"
+
+#include <algorithm>
+#include <climits>
+
+namespace {
+
+constexpr time_t latest = UINT_MAX;
+
+bool needsUnsigned(time_t seconds) {
+    return seconds > INT_MAX;
+}
+
+int signedSeconds(time_t seconds) {
+    return static_cast<int>(std::max<time_t>(seconds, INT_MIN));
+}
+
+} // namespace
+
+time_t SecondsBinary::of(const QDateTime& time) {
+    tzset();
+    const QDate date = time.date();
+    const QTime clock = time.time();
+    tm parts{};
+    parts.tm_sec = clock.second();
+    parts.tm_min = clock.minute();
+    parts.tm_hour = clock.hour();
+    parts.tm_mday = date.day();
+    parts.tm_mon = date.month() - 1;
+    parts.tm_year = date.year() - 1900;
+    parts.tm_isdst = -1;
+    return mktime(&parts);
+}
+
+unsigned char SecondsBinary::readFrom(LinearBuffer* buffer, unsigned int* out) {
+    int value = 0;
+    const unsigned char result = IntegerBinary::readFrom(buffer, &value);
+    if (result == CODEC_READ)
+        *out = static_cast<unsigned int>(value);
+    return result;
+}
+
+unsigned char SecondsBinary::writeTo(LinearBuffer* buffer, time_t seconds) {
+    if (!needsUnsigned(seconds))
+        return IntegerBinary::writeTo(buffer, signedSeconds(seconds));
+    const auto value = static_cast<unsigned int>(std::min(seconds, latest));
+    unsigned char octets[5] = {4};
+    for (unsigned int i = 0; i < 4; ++i)
+        octets[1 + i] = static_cast<unsigned char>(value >> 8 * (3 - i));
+    buffer->appendData(octets, sizeof octets);
+    return CODEC_WRITTEN;
+}
+
+int SecondsBinary::sizeOf(time_t seconds) {
+    return needsUnsigned(seconds) ? 5 : IntegerBinary::sizeOf(signedSeconds(seconds));
+}
+
+unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, unsigned int* seconds) {
+    int length = 0; // not used to bound the rest
+    const unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
+    if (result != CODEC_READ)
+        return result;
+    if (!buffer->hasMore())
+        return CODEC_MALFORMED;
+    *token = buffer->readByte();
+    if (*token != ABSOLUTE && *token != RELATIVE)
+        return CODEC_MALFORMED;
+    return SecondsBinary::readFrom(buffer, seconds);
+}
+
+unsigned char TimeBinary::readFrom(LinearBuffer* buffer, QDateTime* out) {
+    unsigned char token = 0;
+    unsigned int seconds = 0;
+    const unsigned char result = readFrom(buffer, &token, &seconds);
+    if (result != CODEC_READ)
+        return result;
+    tzset();
+    *out = token == ABSOLUTE ? QDateTime::fromSecsSinceEpoch(seconds)
+                             : QDateTime::currentDateTime().addSecs(seconds);
+    return result;
+}
+
+unsigned char TimeBinary::writeTo(LinearBuffer* buffer, unsigned char token, time_t seconds) {
+    ValueLengthBinary::writeTo(buffer, SecondsBinary::sizeOf(seconds) + 1);
+    buffer->appendByte(token);
+    return SecondsBinary::writeTo(buffer, seconds);
+}
+
+unsigned char TimeBinary::writeTo(LinearBuffer* buffer, const QDateTime& time) {
+    return writeTo(buffer, ABSOLUTE, SecondsBinary::of(time));
+}
+
+int TimeBinary::sizeOf(time_t seconds) {
+    return SecondsBinary::sizeOf(seconds) + 2;
+}
+
+int TimeBinary::sizeOf(const QDateTime& time) {
+    return sizeOf(SecondsBinary::of(time));
+}

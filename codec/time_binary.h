@@ -1,0 +1,47 @@
+#pragma once
+
+#include "platform/export.h"
+
+#include <QDateTime>
+
+#include <ctime>
+
+class LinearBuffer;
+
+/// A date on the wire: seconds since 1970-01-01 00:00 UTC as an integer, read as an unsigned 32-bit
+/// number so that dates up to 2106 pass.
+class LUM_EXPORT SecondsBinary {
+public:
+    /// The seconds of a date-time whose clock reading is taken as local time, daylight saving as the
+    /// system has it; -1 when there is no such time.
+    static time_t of(const QDateTime& time);
+
+    static unsigned char readFrom(LinearBuffer* buffer, unsigned int* out);
+    /// Seconds up to 2038-01-19 as IntegerBinary writes them, later ones as the four octets of the
+    /// unsigned value (at most the last second of 2106 that it can tell). Answers CODEC_WRITTEN.
+    static unsigned char writeTo(LinearBuffer* buffer, time_t seconds);
+    static int sizeOf(time_t seconds);
+};
+
+/// A time as Delivery-Time and Expiry have it (MMS encapsulation, sections 7.2.7 and 7.2.8): a
+/// Value-length, a token (128 absolute, 129 relative) and seconds.
+class LUM_EXPORT TimeBinary {
+public:
+    static constexpr unsigned char ABSOLUTE = 128;
+    static constexpr unsigned char RELATIVE = 129;
+
+    /// Reads token and seconds as they stand. CODEC_MALFORMED for another token and when the input
+    /// ends first.
+    static unsigned char readFrom(LinearBuffer* buffer, unsigned char* token, unsigned int* seconds);
+    /// The same as a local date-time; a relative time counts from now. Unchanged on failure.
+    static unsigned char readFrom(LinearBuffer* buffer, QDateTime* out);
+
+    /// Writes token and seconds as they are given. Answers CODEC_WRITTEN.
+    static unsigned char writeTo(LinearBuffer* buffer, unsigned char token, time_t seconds);
+    /// Writes the absolute form of a date-time whose clock reading is taken as local time.
+    static unsigned char writeTo(LinearBuffer* buffer, const QDateTime& time);
+
+    /// Octets of a time with a token; the Value-length always fits one octet.
+    static int sizeOf(time_t seconds);
+    static int sizeOf(const QDateTime& time);
+};

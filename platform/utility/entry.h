@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/export.h"
+
+#include <QString>
+
+/// One address of a message: who it is from or goes to.
+class LUM_EXPORT MMS_UTIL_Entry {
+public:
+    /// What an address is. Other numbers are kept as given; they mark an address that cannot be sent.
+    enum TYPE {
+        EMAIL = 0, ///< an e-mail address
+        PLMN = 1,  ///< a phone number
+    };
+
+    /// An empty phone number without a name.
+    MMS_UTIL_Entry() = default;
+    MMS_UTIL_Entry(const QString& name, int type, const QString& address)
+        : name_(name), type_(type), address_(address) {}
+
+    /// The display name; empty when there is none.
+    QString getName() const { return name_; }
+    void setName(const QString& name) { name_ = name; }
+    /// One of TYPE, or another number for an address that is neither.
+    int getType() const { return type_; }
+    void setType(int type) { type_ = type; }
+    /// The address proper: digits, or the e-mail address without angle brackets.
+    QString getAddress() const { return address_; }
+    void setAddress(const QString& address) { address_ = address; }
+
+    /// True when there is no address; a name alone does not count.
+    bool isEmpty() const { return address_.isEmpty(); }
+
+private:
+    QString name_;
+    int type_ = PLMN;
+    QString address_;
+};

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "platform/export.h"
+#include "platform/utility/entry.h"
+#include "qt2/qptrlist.h"
+
+#include <QDateTime>
+#include <QString>
+
+/// A content type as three texts.
+struct LUM_EXPORT MMS_CONTENT_TYPE_T {
+    QString type;       ///< top-level media type, such as "application"
+    QString subType;    ///< media sub-type, such as "vnd.wap.multipart.related"
+    QString parameters; ///< items name=value joined by ";" without blanks
+};
+
+/// The part of a message header that all messaging programs of the phone share: who, what, when.
+///
+/// It only stores; which of its fields are set is known to derived classes, which override the
+/// setters. Lists given to the setters stay the caller's, entries included: copies are kept.
+class LUM_EXPORT MMS_UTIL_MsgHeaderBase {
+public:
+    MMS_UTIL_MsgHeaderBase();
+    MMS_UTIL_MsgHeaderBase(const MMS_UTIL_MsgHeaderBase&) = delete;
+    MMS_UTIL_MsgHeaderBase& operator=(const MMS_UTIL_MsgHeaderBase&) = delete;
+    virtual ~MMS_UTIL_MsgHeaderBase();
+
+    virtual void setFrom(MMS_UTIL_Entry from);
+    virtual void setTo(QPtrList<MMS_UTIL_Entry> to);
+    virtual void setCc(QPtrList<MMS_UTIL_Entry> cc);
+    virtual void setBcc(QPtrList<MMS_UTIL_Entry> bcc);
+
+    /// Replaces the whole word of FLAG bits.
+    virtual void setFlags(unsigned int flags);
+    virtual void setDistributionInd(bool on);
+    virtual void setPromptInd(bool on);
+    virtual void setAttachmentInc(bool on);
+    virtual void setAudioInc(bool on);
+    virtual void setVideoInc(bool on);
+
+    /// Adds a recipient and takes it over: the header deletes it. Null is ignored.
+    virtual void addToRecipient(MMS_UTIL_Entry* entry);
+    virtual void addCcRecipient(MMS_UTIL_Entry* entry);
+    virtual void addBccRecipient(MMS_UTIL_Entry* entry);
+    /// Adds a copy of a recipient.
+    virtual void addToRecipient(MMS_UTIL_Entry& entry);
+    virtual void addCcRecipient(MMS_UTIL_Entry& entry);
+    virtual void addBccRecipient(MMS_UTIL_Entry& entry);
+
+    virtual void setSubject(QString subject);
+    virtual void setSendTime(QDateTime time);
+    virtual void setDeliveryTime(QDateTime time);
+    /// Seconds, counted from now, after which the message may be dropped.
+    virtual void setExpireTime(unsigned int seconds);
+    virtual void setMsgID(QString id);
+    virtual void setContentType(MMS_CONTENT_TYPE_T contentType);
+    /// The Priority octet as on the wire (128 Low, 129 Normal, 130 High).
+    virtual void setPriority(unsigned char priority);
+    virtual void setSenderVisibility(bool on);
+    virtual void setDeliveryReportNecessity(bool on);
+    virtual void setReadReplyNecessity(bool on);
+    /// The Content-Location from which the message can be fetched.
+    virtual void setMsgURI(QString uri);
+    /// A hook for debugging; prints nothing.
+    virtual void printMsg();
+
+    MMS_UTIL_Entry getFrom() const { return from_; }
+    /// The recipients. The lists own their entries and stay the header's.
+    const QPtrList<MMS_UTIL_Entry>& getTo() const { return to_; }
+    const QPtrList<MMS_UTIL_Entry>& getCc() const { return cc_; }
+    const QPtrList<MMS_UTIL_Entry>& getBcc() const { return bcc_; }
+    QString getSubject() const { return subject_; }
+    MMS_CONTENT_TYPE_T getContentType() const { return contentType_; }
+    unsigned char getPriority() const { return priority_; }
+    QString getMsgID() const { return msgId_; }
+    QDateTime getSendTime() const { return sendTime_; }
+    QDateTime getDeliveryTime() const { return deliveryTime_; }
+    unsigned int getExpireTime() const { return expireTime_; }
+    bool getSenderVisibility() const { return senderVisibility_; }
+    bool getDeliveryReportNecessity() const { return deliveryReport_; }
+    bool getReadReplyNecessity() const { return readReply_; }
+    /// The Message-Size in octets.
+    int getMsgSize() const { return msgSize_; }
+    void setMsgSize(int octets) { msgSize_ = octets; }
+    unsigned int getFlags() const { return flags_; }
+    QString getMsgURI() const { return msgUri_; }
+
+    /// Bits of the flags word.
+    enum FLAG : unsigned int {
+        FLAG_DISTRIBUTION = 1u << 0, ///< the message may be passed on
+        FLAG_PROMPT = 1u << 1,       ///< the user is to be asked
+        FLAG_ATTACHMENT = 1u << 2,   ///< there is an attachment
+        FLAG_AUDIO = 1u << 3,        ///< there is a sound
+        FLAG_VIDEO = 1u << 4,        ///< there is a video
+    };
+
+private:
+    void setFlag(unsigned int flag, bool on);
+
+    MMS_UTIL_Entry from_;
+    QPtrList<MMS_UTIL_Entry> to_, cc_, bcc_;
+    QString subject_;
+    MMS_CONTENT_TYPE_T contentType_;
+    unsigned char priority_ = 129; // Normal, as a message without the field has it
+    QString msgId_;
+    QDateTime sendTime_;
+    QDateTime deliveryTime_;
+    unsigned int expireTime_ = 0;
+    bool senderVisibility_ = false;
+    bool deliveryReport_ = false;
+    bool readReply_ = false;
+    int msgSize_ = 0;
+    unsigned int flags_ = 0;
+    QString msgUri_;
+};
