@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/export.h"
+
+#include <QImage>
+#include <QString>
+
+/// The pictures that come with the phone's dialogs.
+class LUM_EXPORT RES_ICON_Reader {
+public:
+    /// The icon of this file name, such as "Dialog_Error.gif"; a null image for an unknown name. It
+    /// is an image, not a pixmap, so that programs without an application object can ask for it too.
+    /// The second argument (whether the icon may be shared) is not used: images share by themselves.
+    static QImage getIcon(const QString& fileName, bool shared = true);
+};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/export.h"
+
+#include <QString>
+
+/// What the phone's messaging programs share: the temporary directory and the WSP media numbers.
+class LUM_EXPORT MMS_UTIL_Common {
+public:
+    /// The system's temporary directory, with a closing "/".
+    static QString getTmpDir();
+
+    /// The well-known number (0x00 to 0x4B, WSP assigned numbers, content types) of a media type,
+    /// compared in lower case; 0x7F for a type that has none.
+    static unsigned char mimeTypeGetValue(const QString& type, const QString& subType);
+
+    /// The names behind a well-known number, in lower case; "application" and "octet-stream" for a
+    /// number without one.
+    static void mimeTypeGetName(unsigned char code, QString& type, QString& subType);
+};

@@ -1,0 +1,190 @@
+#include "qt2/qarray.h"
+#include "qt2/qptrlist.h"
+#include "tests/octets.h"
+
+#include <QDataStream>
+#include <QIODevice>
+
+#include <limits>
+#include <memory>
+#include <utility>
+
+namespace {
+
+TEST(QArray, sharesExplicitly) {
+    QArray<char> first(QByteArray("abc"));
+    QArray<char> second = first;
+    second[1] = 'X';
+    EXPECT_EQ(first, QByteArray("aXc"));
+    ASSERT_TRUE(second.resize(100000)); // moves the elements: the other sees it all the same
+    second[99999] = 'e';
+    EXPECT_EQ(first.size(), 100000);
+    EXPECT_EQ(first.data(), second.data());
+    EXPECT_EQ(first[3], 0);
+    EXPECT_EQ(first.data()[100000], 0);
+    ASSERT_TRUE(first.resize(2));
+    EXPECT_EQ(second, QByteArray("aX"));
+    EXPECT_EQ(second.data()[2], 0);
+
+    QArray<char> alone = first.copy();
+    second.detach();
+    first[0] = 'Y';
+    EXPECT_EQ(alone, QByteArray("aX"));
+    EXPECT_EQ(second, QByteArray("aX"));
+    ASSERT_TRUE(alone.duplicate(alone.data() + 1, 1));
+    EXPECT_EQ(alone, QByteArray("X"));
+}
+
+TEST(QArray, refusesImpossibleSizes) {
+    constexpr qsizetype largest = std::numeric_limits<qsizetype>::max();
+    QArray<char> array(QByteArray("abc"));
+    for (qsizetype size : {qsizetype(-1), largest, largest - 8}) {
+        EXPECT_TRUE(QArray<int>(size).isNull());
+        EXPECT_FALSE(array.resize(size));
+        EXPECT_FALSE(array.duplicate("x", size));
+    }
+    EXPECT_EQ(array, QByteArray("abc"));
+    array.setRawData("x", -1);
+    EXPECT_TRUE(array.isNull());
+}
+
+TEST(QArray, tellsNullFromEmptyWhenConverted) {
+    EXPECT_TRUE(QArray<char>().isNull());
+    EXPECT_TRUE(QArray<char>(QByteArray()).isNull());
+    EXPECT_FALSE(QArray<char>(QByteArray("")).isNull());
+    EXPECT_TRUE(QByteArray(QArray<char>()).isNull());
+    EXPECT_FALSE(QByteArray(QArray<char>(0)).isNull());
+    EXPECT_TRUE(QArray<char>() == QArray<char>(0));
+    const QByteArray binary("a\0b", 3);
+    EXPECT_EQ(QByteArray(QArray<char>(binary)), binary);
+}
+
+TEST(QArray, showsRawDataUntilItChanges) {
+    const char text[] = {'r', 'a', 'w'};
+    QArray<char> array;
+    array.setRawData(text, 3);
+    QArray<char> sharer = array;
+    EXPECT_EQ(sharer.data(), text);
+    array.detach();
+    array[0] = 'R';
+    EXPECT_EQ(array, QByteArray("Raw"));
+    ASSERT_TRUE(sharer.resize(4));
+    sharer[0] = 'S';
+    EXPECT_EQ(sharer, QByteArray("Saw\0", 4));
+    EXPECT_EQ(text[0], 'r');
+}
+
+TEST(QArray, survivesAStream) {
+    const QByteArray binary = QByteArray(200000, 'x') + QByteArray("\0end", 4);
+    QByteArray record;
+    QDataStream out(&record, QIODevice::WriteOnly);
+    out << QArray<char>(binary) << QArray<char>() << QArray<char>(0);
+    EXPECT_EQ(record.size(), 4 + binary.size() + 8);
+    EXPECT_EQ(record.right(8), QByteArray(8, 0));
+    QDataStream in(record);
+    QArray<char> array(QByteArray("before"));
+    const QArray<char> sharer = array;
+    in >> array;
+    EXPECT_EQ(array, binary);
+    EXPECT_EQ(sharer, QByteArray("before"));
+    in >> array;
+    EXPECT_TRUE(array.isEmpty());
+    EXPECT_EQ(in.status(), QDataStream::Ok);
+}
+
+TEST(QArray, believesALengthOnlyAsFarAsElementsFollow) {
+    const struct {
+        const char* name;
+        QByteArray record;
+        QByteArray elements;
+    } rows[] = {
+        {"no length", octets("00 00 00"), {}},
+        {"nothing behind a huge length", octets("FF FF FF FF"), {}},
+        {"three behind a huge length", octets("FF FF FF FE", "abc"), "abc"},
+        {"one too few", octets("00 00 00 04", "abc"), "abc"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        QDataStream in(row.record);
+        QArray<char> array;
+        in >> array;
+        EXPECT_EQ(array, row.elements);
+        EXPECT_EQ(in.status(), QDataStream::ReadPastEnd);
+    }
+    struct Large {
+        char octets[100000];
+    };
+    QDataStream in(octets("00 00 00 02", QByteArray(150000, 'x')));
+    QArray<Large> large;
+    in >> large;
+    EXPECT_EQ(large.size(), 1);
+}
+
+/// Counts its living.
+struct Item {
+    explicit Item(int& living) : living_(living) { ++living_; }
+    ~Item() { --living_; }
+    Item(const Item&) = delete;
+    Item& operator=(const Item&) = delete;
+    int& living_;
+};
+
+TEST(QPtrList, deletesWhatItOwns) {
+    int living = 0;
+    {
+        QPtrList<Item> list;
+        list.setAutoDelete(true);
+        for (int i = 0; i < 5; ++i)
+            EXPECT_TRUE(list.append(new Item(living)));
+        const std::unique_ptr<Item> taken(list.take(1));
+        EXPECT_EQ(living, 5);
+        EXPECT_TRUE(list.remove(0));
+        EXPECT_TRUE(list.removeRef(list.last()));
+        EXPECT_FALSE(list.removeRef(taken.get()));
+        EXPECT_EQ(living, 3);
+        EXPECT_EQ(list.count(), 2);
+    }
+    EXPECT_EQ(living, 0);
+}
+
+TEST(QPtrList, refusesNullAndBadIndices) {
+    int living = 0;
+    Item item(living);
+    QPtrList<Item> list;
+    EXPECT_FALSE(list.append(nullptr));
+    EXPECT_FALSE(list.insert(0, nullptr));
+    EXPECT_FALSE(list.insert(1, &item));
+    EXPECT_FALSE(list.insert(-1, &item));
+    EXPECT_TRUE(list.insert(0, &item));
+    for (int index : {-1, 1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+        EXPECT_EQ(list.at(index), nullptr);
+        EXPECT_EQ(list.take(index), nullptr);
+        EXPECT_FALSE(list.remove(index));
+    }
+    EXPECT_EQ(list.count(), 1);
+    list.clear();
+    EXPECT_EQ(list.first(), nullptr);
+    EXPECT_EQ(list.last(), nullptr);
+}
+
+TEST(QPtrList, copiesDoNotOwnAndMovesDo) {
+    int living = 0;
+    QPtrList<Item> owner;
+    owner.setAutoDelete(true);
+    owner.append(new Item(living));
+    { QPtrList<Item> copy = owner; }
+    QPtrList<Item> assigned;
+    assigned.setAutoDelete(true);
+    assigned.append(new Item(living));
+    assigned = owner;
+    EXPECT_EQ(living, 1);
+    EXPECT_FALSE(assigned.autoDelete());
+    EXPECT_EQ(assigned.first(), owner.first());
+    {
+        QPtrList<Item> moved = std::move(owner);
+        EXPECT_EQ(moved.count(), 1);
+    }
+    EXPECT_EQ(living, 0);
+}
+
+} // namespace
