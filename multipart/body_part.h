@@ -1,0 +1,196 @@
+#pragma once
+
+#include "multipart/body_part_list.h"
+#include "multipart/body_part_owner.h"
+#include "platform/export.h"
+#include "qt2/qarray.h"
+
+#include <QPixmap>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class BodypartLink;
+class QDataStream;
+class RecordReader;
+class RecordWriter;
+
+/// One part of a message body: its MIME headers, its payload, and its sub-bodies when it is itself
+/// a multipart.
+///
+/// The set operations of the plain fields answer 0, always. A part that is deleted leaves the
+/// container or part that holds it.
+class LUM_EXPORT MMS_COMP_SMILMultipartBodypart {
+public:
+    /// Whether the device can show or play a part. Only 0 is known here; what the other numbers mean
+    /// is the caller's affair.
+    enum MEDIA_SUPPORT : int { SUPPORT_UNKNOWN = 0 };
+
+    /// Bits of the part flags.
+    enum PART_FLAG : unsigned int {
+        FLAG_USER_PROMPT = 1u << 0, ///< the part carried "X-Mms-UserPrompt" with the octet 0x80
+    };
+
+    /// Values of getDispFileType() that this library knows.
+    enum DISP_FILE_TYPE : int {
+        PRESENTATION_PART = 0, ///< the SMIL text
+        ORDINARY_PART = 1,     ///< media and attachments
+    };
+
+    /// Returned by setBodyData() when there is no memory for the payload.
+    static constexpr int ERR_NO_MEMORY = -15;
+
+    MMS_COMP_SMILMultipartBodypart();
+    /// A copy that nobody owns yet. The payload is shared (see QArray), the sub-bodies are copied in
+    /// the same way, and everything else is taken over, the reference count included.
+    MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart& other);
+    MMS_COMP_SMILMultipartBodypart& operator=(const MMS_COMP_SMILMultipartBodypart&) = delete;
+    /// Deletes the sub-bodies, leaves the owner and empties every BodypartLink to this part.
+    ~MMS_COMP_SMILMultipartBodypart();
+
+    /// A number that belongs to the caller, apart from DISP_FILE_TYPE; 1 in a new part.
+    int getDispFileType() const { return dispFileType_; }
+    int setDispFileType(int type);
+    /// The file name to show, and to save under.
+    QString getDispFileName() const { return dispFileName_; }
+    int setDispFileName(const QString& name);
+
+    /// Top-level MIME type alone, such as "image".
+    QString getContentType() const { return contentType_; }
+    /// Also resets the support to 0.
+    int setContentType(const QString& type);
+    /// MIME sub-type alone, such as "jpeg".
+    QString getSubType() const { return subType_; }
+    QString getCharset() const { return charset_; }
+    int setCharset(const QString& charset);
+    /// Content-Description.
+    QString getDescription() const { return description_; }
+    int setDescription(const QString& description);
+    /// Content-Location (WSP header 0x0E), a file name in practice.
+    QString getContentLocation() const { return contentLocation_; }
+    int setContentLocation(const QString& location);
+    /// Content-ID (WSP header 0x40) as received, "<" and ">" included.
+    QString getContentID() const { return contentId_; }
+    int setContentID(const QString& id);
+    /// Name of the Content-Transfer-Encoding.
+    QString getContentXferEncoding() const { return contentXferEncoding_; }
+    int setContentXferEncoding(const QString& encoding);
+    /// One free-form extension header.
+    QString getExtHeader() const { return extHeader_; }
+    int setExtHeader(const QString& header);
+    /// The boundary of a nested textual multipart.
+    QString getBoundary() const { return boundary_; }
+    int setBoundary(const QString& boundary);
+
+    /// PART_FLAG bits.
+    unsigned int getPartFlags() const { return partFlags_; }
+    void setPartFlags(unsigned int flags) { partFlags_ = flags; }
+    /// The number of media objects that refer to this part; 1 in a new part.
+    int getRefCount() const { return refCount_; }
+    int setRefCount(int count);
+    /// 0 after every change of type, sub-type or payload.
+    MEDIA_SUPPORT getSupport() const { return support_; }
+    int setSupport(MEDIA_SUPPORT support);
+
+    /// A picture kept for the caller, never stored in a record. A null pixmap when none was set;
+    /// like every QPixmap that then needs a QGuiApplication to be running.
+    QPixmap getPixmap() const;
+    void setPixmap(const QPixmap& pixmap) { pixmap_ = pixmap; }
+    /// A number that goes with the pixmap; -1 in a new part.
+    int getPixmapId() const { return pixmapId_; }
+    void setPixmapId(int id) { pixmapId_ = id; }
+
+    /// "type/sub-type"; "/" for a new part.
+    QString getMimeFormat() const;
+    /// The text left of the first "/", and that right of the last; empty when there is no "/".
+    static QString getTypePartFromFormat(const QString& format);
+    static QString getSubTypePartFromFormat(const QString& format);
+
+    /// The same fields by the phone's code numbers (EMAIL_Util). The set operations give false, and
+    /// change nothing, for an unknown code; the get operations -1 for an unknown name.
+    bool setContentType(int code);
+    int getContentTypeByCode() const;
+    bool setSubTypeCode(int code);
+    int getSubTypeCode() const;
+    bool setCharsetByCode(int code);
+    /// The code that the charset's name has in the table of sub-types.
+    int getCharsetByCode() const;
+    /// Stores an empty name for an unknown code.
+    void setContentXferEncodingByCode(int code);
+    int getContentXferEncodingByCode() const;
+    /// Sets the sub-type ("3gp" in any case becomes "3gpp") and resets the support. Always true.
+    bool setContentSubType(const QString& subType);
+
+    /// The payload of this part alone. Other arrays may share it.
+    QArray<char>& getBodyData() { return bodyData_; }
+    const QArray<char>& getBodyData() const { return bodyData_; }
+    /// Stores a private copy of `data`: 0, or ERR_NO_MEMORY. Success resets the support.
+    int setBodyData(const QArray<char>& data);
+    /// Stores a copy of `length` octets, none for a length below 1: 0, or ERR_NO_MEMORY. The support
+    /// is reset in any case.
+    int setBodyData(const char* octets, int length);
+    /// Octets of this part and all its sub-bodies together, INT_MAX if there are more.
+    int getBodyDataLen() const;
+
+    /// Writes the payload to a file in the temporary directory, named after the display file name
+    /// or, failing that, the last step of the Content-Location, and stores the file's path in `path`.
+    ///
+    /// An existing file is overwritten. False, with `path` untouched, when the payload is empty;
+    /// false, with the path that was tried, when the file cannot be written or would not be a
+    /// regular file below the temporary directory.
+    bool saveBodyDataToFile(QString& path) const;
+
+    int getSubBodyCount() const { return subBodies_.count(); }
+    /// The i-th sub-body, or null when out of range. It stays the part's.
+    MMS_COMP_SMILMultipartBodypart* getSubBody(unsigned int i) const;
+    /// Takes `part` over as sub-body number `index`, or as the last one for any index at which there
+    /// is none yet. False, and the caller keeps it, for null and for a part that holds this one.
+    bool setSubBody(MMS_COMP_SMILMultipartBodypart* part, int index);
+    /// Deletes the i-th sub-body; false when out of range.
+    bool rmSubBody(unsigned int i);
+    /// Deletes all sub-bodies.
+    void clearSubBody() { subBodies_.clear(); }
+
+    /// Reads a record into this part; its sub-bodies come behind those already there. False, with
+    /// what was read so far, when the record ends early or nests its sub-bodies too deep.
+    bool readFromStream(QDataStream& stream);
+    /// Writes the part as a record: always true. Whether it arrived, the stream's status tells.
+    bool writeToStream(QDataStream& stream) const;
+
+    /// Who deletes this part; null when it is whoever made it.
+    BodypartOwner* getOwner() const { return owner_; }
+    /// Hands the part to another owner (null: to the caller); the former one forgets it.
+    void setOwner(BodypartOwner* owner);
+
+private:
+    friend class BodypartLink;
+
+    bool readRecord(RecordReader& record, int depth);
+    void writeRecord(RecordWriter& record) const;
+    bool holds(const MMS_COMP_SMILMultipartBodypart* part) const;
+    qint64 totalSize() const;
+
+    // texts begin empty, not null: a record tells the two apart
+    int dispFileType_ = ORDINARY_PART;
+    QString dispFileName_ = QStringLiteral("");
+    QString contentType_ = QStringLiteral("");
+    QString subType_ = QStringLiteral("");
+    QString charset_ = QStringLiteral("");
+    QString description_ = QStringLiteral("");
+    QString contentLocation_ = QStringLiteral("");
+    QString contentId_ = QStringLiteral("");
+    QString contentXferEncoding_ = QStringLiteral("");
+    QString extHeader_ = QStringLiteral("");
+    unsigned int partFlags_ = 0;
+    QArray<char> bodyData_;
+    int refCount_ = 1;
+    QString boundary_ = QStringLiteral("");
+    BodypartList subBodies_;
+    MEDIA_SUPPORT support_ = SUPPORT_UNKNOWN;
+    std::optional<QPixmap> pixmap_; // a QPixmap aborts a program that has no application object
+    int pixmapId_ = -1;
+
+    BodypartOwner* owner_ = nullptr;
+    std::shared_ptr<MMS_COMP_SMILMultipartBodypart*> anchor_; // made for the first BodypartLink
+};

@@ -1,0 +1,39 @@
+#include "multipart/body_part_list.h"
+
+#include "multipart/body_part.h"
+
+BodypartList::~BodypartList() {
+    clear();
+}
+
+bool BodypartList::append(MMS_COMP_SMILMultipartBodypart* part) {
+    return insert(count(), part);
+}
+
+bool BodypartList::insert(int index, MMS_COMP_SMILMultipartBodypart* part) {
+    if (!part)
+        return false;
+    part->setOwner(this); // takes it out of this very list, too, if it is in it
+    return parts_.insert(index >= 0 && index < count() ? index : count(), part);
+}
+
+MMS_COMP_SMILMultipartBodypart* BodypartList::take(int index) {
+    MMS_COMP_SMILMultipartBodypart* part = at(index);
+    if (part)
+        part->setOwner(nullptr);
+    return part;
+}
+
+bool BodypartList::remove(int index) {
+    MMS_COMP_SMILMultipartBodypart* part = take(index);
+    delete part;
+    return part != nullptr;
+}
+
+void BodypartList::clear() {
+    parts_.clear(); // empty by the time that the first part is deleted and leaves it
+}
+
+void BodypartList::disown(MMS_COMP_SMILMultipartBodypart* part) {
+    parts_.take(parts_.indexOf(part));
+}

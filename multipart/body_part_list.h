@@ -1,0 +1,41 @@
+#pragma once
+
+#include "multipart/body_part_owner.h"
+#include "platform/export.h"
+#include "qt2/qptrlist.h"
+
+/// The body parts of a container, or the sub-bodies of a part: a list that owns its parts.
+///
+/// A part belongs to one owner at a time. Adding it here takes it out of wherever it was, and a part
+/// that somebody deletes leaves the list at once. Null is refused.
+class LUM_EXPORT BodypartList final : private BodypartOwner {
+public:
+    BodypartList() { parts_.setAutoDelete(true); }
+    BodypartList(const BodypartList&) = delete;
+    BodypartList& operator=(const BodypartList&) = delete;
+    /// Deletes the parts.
+    ~BodypartList();
+
+    int count() const { return parts_.count(); }
+    bool isEmpty() const { return parts_.isEmpty(); }
+    /// The part at `index`, or null when out of range. The list keeps it.
+    MMS_COMP_SMILMultipartBodypart* at(int index) const { return parts_.at(index); }
+    QPtrList<MMS_COMP_SMILMultipartBodypart>::const_iterator begin() const { return parts_.begin(); }
+    QPtrList<MMS_COMP_SMILMultipartBodypart>::const_iterator end() const { return parts_.end(); }
+
+    /// Adds the part at the end and takes it over. False for null.
+    bool append(MMS_COMP_SMILMultipartBodypart* part);
+    /// The same, before the part at `index`; an index outside the list means its end.
+    bool insert(int index, MMS_COMP_SMILMultipartBodypart* part);
+    /// Takes the part out without deleting it: it is the caller's now. Null when out of range.
+    MMS_COMP_SMILMultipartBodypart* take(int index);
+    /// Takes the part out and deletes it. False when out of range.
+    bool remove(int index);
+    /// Deletes all parts.
+    void clear();
+
+private:
+    void disown(MMS_COMP_SMILMultipartBodypart* part) override;
+
+    QPtrList<MMS_COMP_SMILMultipartBodypart> parts_;
+};

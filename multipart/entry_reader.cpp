@@ -1,0 +1,248 @@
+#include "codec/codec_result.h"
+#include "codec/integer_binary.h"
+#include "codec/linear_buffer.h"
+#include "codec/text_binary.h"
+#include "multipart/body_part.h"
+#include "multipart/body_text.h"
+#include "multipart/entry_codec.h"
+#include "multipart/wsp_codes.h"
+#include "platform/utility/common.h"
+#include "platform/utility/tool.h"
+#include "util/lowered.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+// Multiparts within multiparts: far more than any phone sends, few enough for every stack.
+constexpr int deepestMultipart = 16;
+
+// The longest Content-Location that is read, in octets without the closing NUL.
+constexpr int longestLocation = 1024;
+
+// The name as it stands on the wire, its closing NUL included.
+constexpr char userPromptHeader[] = "X-Mms-UserPrompt";
+
+/// Reads one entry. What the headers say about the data is kept until the data is reached.
+class EntryReader {
+public:
+    EntryReader(LinearBuffer* in, int depth, MMS_COMP_SMILMultipartBodypart* part)
+        : in_(in), depth_(depth), part_(part) {}
+
+    unsigned char read() {
+        int headersLength = 0;
+        int dataLength = 0;
+        for (int* length : {&headersLength, &dataLength}) {
+            const unsigned char result = UIntBinary::readFrom(in_, length);
+            if (result != CODEC_READ)
+                return result;
+            if (*length < 0 || *length > in_->getLength())
+                return CODEC_MALFORMED;
+        }
+        const int begin = in_->getPosition();
+        unsigned char result = readContentType();
+        while (result == CODEC_READ && in_->getPosition() - begin < headersLength)
+            result = readHeader();
+        return result == CODEC_READ ? readData(dataLength) : result;
+    }
+
+private:
+    unsigned char readContentType();
+    unsigned char readMediaType(LinearBuffer* value);
+    unsigned char readParameters(LinearBuffer* value);
+    unsigned char readText(LinearBuffer* value, QString* text);
+    unsigned char readHeader();
+    unsigned char readLocation();
+    unsigned char readUserPrompt();
+    unsigned char readData(int length);
+    unsigned char storeData(const unsigned char* data, int length);
+
+    LinearBuffer* in_;
+    const int depth_;
+    MMS_COMP_SMILMultipartBodypart* part_;
+    int media_ = MEDIA_NONE;
+    int charset_ = mibUtf8;
+    bool hasBoundary_ = false;
+};
+
+unsigned char EntryReader::readContentType() {
+    if (!in_->hasMore())
+        return CODEC_MALFORMED;
+    if (*in_->rest() >= firstTextOctet)
+        return readMediaType(in_);
+    int length = 0;
+    const unsigned char result = ValueLengthBinary::readFrom(in_, &length);
+    if (result != CODEC_READ)
+        return result;
+    const unsigned char* octets = in_->skip(length);
+    if (!octets)
+        return CODEC_MALFORMED;
+    LinearBuffer value(const_cast<unsigned char*>(octets), length); // only read from
+    return readParameters(&value);
+}
+
+/// The media type, a number or spelt out, at the beginning of a content-type value.
+unsigned char EntryReader::readMediaType(LinearBuffer* value) {
+    if (!value->hasMore())
+        return CODEC_MALFORMED;
+    if (*value->rest() & shortIntegerBit) {
+        media_ = value->readByte() & ~shortIntegerBit;
+        QString type, subType;
+        MMS_UTIL_Common::mimeTypeGetName(static_cast<unsigned char>(media_), type, subType);
+        part_->setContentType(type);
+        part_->setContentSubType(subType);
+        return CODEC_READ;
+    }
+    QString format;
+    const unsigned char result = readText(value, &format);
+    if (result != CODEC_READ)
+        return result;
+    if (const qsizetype parameters = format.indexOf(';'); parameters >= 0)
+        format.truncate(parameters);
+    if (equalLowered(format, u"text/x-imelody"))
+        format = QStringLiteral("audio/imelody");
+    part_->setContentType(MMS_COMP_SMILMultipartBodypart::getTypePartFromFormat(format));
+    part_->setContentSubType(MMS_COMP_SMILMultipartBodypart::getSubTypePartFromFormat(format));
+    return CODEC_READ;
+}
+
+/// The media type and the parameters behind it, to the end of the content-type value.
+unsigned char EntryReader::readParameters(LinearBuffer* value) {
+    QString texts[2]; // name and value in turn
+    bool isValue = false;
+    unsigned char result = readMediaType(value);
+    while (result == CODEC_READ && value->hasMore()) {
+        const unsigned char code = *value->rest();
+        if (code == PARAMETER_CHARSET) {
+            value->skip(1);
+            result = IntegerBinary::readFrom(value, &charset_);
+        } else if (code == PARAMETER_NAME) {
+            value->skip(1);
+            QString location = QStringLiteral("");
+            result = readText(value, &location);
+            // some senders put this in front of a name, in place of an opening quote
+            if (location.startsWith(QLatin1String(")&&locStr.endsWith(")))
+                location = location.sliced(1).chopped(1);
+            part_->setContentLocation(location);
+        } else {
+            result = readText(value, &texts[isValue]);
+            if (isValue && texts[0].endsWith(QLatin1String("boundary")) && !texts[1].isEmpty()) {
+                part_->setBoundary(texts[1]);
+                hasBoundary_ = true;
+            }
+            isValue = !isValue;
+        }
+    }
+    return result;
+}
+
+/// A text of the content-type value. Without a NUL it ends with the value; that is malformed only
+/// where the input ends, too.
+unsigned char EntryReader::readText(LinearBuffer* value, QString* text) {
+    const unsigned char result = PlainTextBinary::readFrom(value, text);
+    return value != in_ && in_->hasMore() ? static_cast<unsigned char>(CODEC_READ) : result;
+}
+
+unsigned char EntryReader::readHeader() {
+    if (!in_->hasMore())
+        return CODEC_MALFORMED;
+    const unsigned char code = *in_->rest();
+    if (code == HEADER_CONTENT_LOCATION)
+        return readLocation();
+    if (code != HEADER_CONTENT_ID)
+        return readUserPrompt();
+    in_->skip(1);
+    if (in_->hasMore() && *in_->rest() == textQuote)
+        in_->skip(1);
+    QString id = QStringLiteral("");
+    const unsigned char result = PlainTextBinary::readFrom(in_, &id);
+    part_->setContentID(id);
+    return result;
+}
+
+unsigned char EntryReader::readLocation() {
+    in_->skip(1);
+    if (in_->hasMore() && *in_->rest() == octetQuote)
+        in_->skip(1);
+    const char* text = reinterpret_cast<const char*>(in_->rest());
+    const int room = std::min(in_->restLength(), longestLocation + 1);
+    const auto* end =
+        room > 0 ? static_cast<const char*>(std::memchr(text, 0, static_cast<size_t>(room))) : nullptr;
+    const int length = end ? static_cast<int>(end - text) : room;
+    if (length > longestLocation)
+        return CODEC_MALFORMED;
+    part_->setContentLocation(QString::fromUtf8(text, length));
+    in_->skip(end ? length + 1 : length);
+    return end ? CODEC_READ : CODEC_MALFORMED;
+}
+
+/// The header that asks for the user's consent, or the first octet of one that is not known. Those
+/// are passed over octet by octet: what looks like a known header inside them is taken for one, which
+/// is how the reader finds its way again.
+unsigned char EntryReader::readUserPrompt() {
+    constexpr int nameLength = sizeof userPromptHeader;
+    const unsigned char* header = in_->rest();
+    const int quote = *header == octetQuote ? 1 : 0;
+    if (in_->restLength() < quote + nameLength ||
+        std::memcmp(header + quote, userPromptHeader, static_cast<size_t>(nameLength)) != 0) {
+        in_->skip(1);
+        return CODEC_READ;
+    }
+    in_->skip(quote + nameLength);
+    if (!in_->hasMore())
+        return CODEC_MALFORMED;
+    constexpr unsigned int flag = MMS_COMP_SMILMultipartBodypart::FLAG_USER_PROMPT;
+    const unsigned int others = part_->getPartFlags() & ~flag;
+    part_->setPartFlags(in_->readByte() == userPromptYes ? others | flag : others);
+    return CODEC_READ;
+}
+
+unsigned char EntryReader::readData(int length) {
+    const unsigned char* data = in_->skip(length);
+    if (!data)
+        return CODEC_MALFORMED;
+    if (media_ != MEDIA_NESTED_MULTIPART || hasBoundary_)
+        return storeData(data, length);
+    if (depth_ == deepestMultipart)
+        return CODEC_MALFORMED;
+    LinearBuffer nested(const_cast<unsigned char*>(data), length); // only read from
+    return readEntries(&nested, depth_ + 1, [this](auto part) { part_->setSubBody(part.release(), -1); });
+}
+
+unsigned char EntryReader::storeData(const unsigned char* data, int length) {
+    const bool isText = equalLowered(part_->getContentType(), u"text");
+    const char* octets = reinterpret_cast<const char*>(data);
+    if (isText)
+        MMS_UTIL_Tool::logOut(octets, length);
+    int status = 0;
+    if (auto text = bodyTextAsUtf8(data, length, charset_)) {
+        part_->getBodyData() = std::move(*text);
+        part_->setSupport(MMS_COMP_SMILMultipartBodypart::SUPPORT_UNKNOWN);
+    } else {
+        const bool closed = media_ == MEDIA_TEXT_PLAIN && length > 1 && data[length - 1] == 0;
+        status = part_->setBodyData(octets, closed ? length - 1 : length);
+    }
+    if (isText)
+        MMS_UTIL_Tool::logOut(part_->getBodyData().data(), static_cast<int>(part_->getBodyData().size()));
+    return status == 0 ? CODEC_READ : CODEC_MALFORMED;
+}
+
+} // namespace
+
+unsigned char readEntry(LinearBuffer* in, int depth, MMS_COMP_SMILMultipartBodypart* part) {
+    return EntryReader(in, depth, part).read();
+}
+
+unsigned char readEntries(LinearBuffer* in, int depth, const PartReceiver& receive) {
+    if (!in->hasMore())
+        return CODEC_MALFORMED;
+    for (int count = in->readByte(); count > 0; --count) {
+        auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+        const unsigned char result = readEntry(in, depth, part.get());
+        if (result != CODEC_READ)
+            return result;
+        receive(std::move(part));
+    }
+    return CODEC_READ;
+}

@@ -1,0 +1,223 @@
+#include "multipart/multipart.h"
+
+#include "multipart/part_names.h"
+#include "platform/mime/email_util.h"
+#include "util/lowered.h"
+#include "util/unique_name.h"
+
+#include <algorithm>
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+QString typeName() {
+    QCString name;
+    EMAIL_Util::typeEnumToStr(EMAIL_Util::TYPE_APPLICATION, name);
+    return QString::fromLatin1(name);
+}
+
+QString relatedName() {
+    QCString name;
+    EMAIL_Util::subTypeEnumToStr(EMAIL_Util::SUBTYPE_WAP_MULTIPART_RELATED, name);
+    return QString::fromLatin1(name);
+}
+
+/// The reference without the marks of a Content-ID, in this order: a "cid:" in front of a "<" is
+/// taken off, the "<" behind it stays.
+QStringView bareId(QStringView reference) {
+    if (reference.startsWith('<'))
+        reference = reference.sliced(1);
+    if (reference.endsWith('>'))
+        reference.chop(1);
+    if (reference.startsWith(u"cid:", Qt::CaseInsensitive))
+        reference = reference.sliced(4);
+    return reference;
+}
+
+bool matches(const Part* part, const QString& reference) {
+    return MMS_COMP_SMILMultipart::isCidEqual(reference, part->getContentID()) ||
+           equalLowered(part->getContentLocation(), reference);
+}
+
+bool isOrdinary(const Part* part) {
+    return part->getDispFileType() == Part::ORDINARY_PART;
+}
+
+} // namespace
+
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart()
+    : extType_(QStringLiteral("application/smil")), mimeType_(typeName()), mimeSubType_(relatedName()) {
+}
+
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart(const MMS_COMP_SMILMultipart& other) {
+    copyFrom(other);
+}
+
+MMS_COMP_SMILMultipart::~MMS_COMP_SMILMultipart() = default;
+
+void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart& other) {
+    extType_ = other.extType_;
+    mimeType_ = other.mimeType_;
+    mimeSubType_ = other.mimeSubType_;
+    start_ = other.start_;
+    const int count = other.getPartCount(); // the other may be this one
+    for (int i = 0; i < count; ++i)
+        parts_.append(new Part(*other.parts_.at(i)));
+}
+
+void MMS_COMP_SMILMultipart::clear() {
+    mimeType_ = typeName();
+    mimeSubType_ = relatedName();
+    start_ = QStringLiteral("");
+    extType_ = QStringLiteral(""); // not the "application/smil" of a new container
+    parts_.clear();
+}
+
+void MMS_COMP_SMILMultipart::setStart(const QString& start) {
+    start_ = start;
+    if (Part* part = getBodyPartBySrc(start_, Part::ORDINARY_PART))
+        part->setDispFileType(Part::PRESENTATION_PART);
+}
+
+// ---- the list of parts ----
+
+int MMS_COMP_SMILMultipart::appendBodypart(MMS_COMP_SMILMultipartBodypart* part) {
+    return parts_.append(part) ? 0 : ERR_INSERT;
+}
+
+int MMS_COMP_SMILMultipart::insertBodypart(MMS_COMP_SMILMultipartBodypart* part, int index) {
+    return parts_.insert(std::max(index, 0), part) ? 0 : ERR_INSERT;
+}
+
+MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getBodypartByIndex(int index, bool take) {
+    return take ? parts_.take(index) : parts_.at(index);
+}
+
+int MMS_COMP_SMILMultipart::deletePart(int index) {
+    Part* part = parts_.at(index);
+    if (!part)
+        return ERR_NO_PART;
+    if (part->getRefCount() < 2)
+        return parts_.remove(index) ? 0 : ERR_NO_PART;
+    part->setRefCount(part->getRefCount() - 1);
+    return 0;
+}
+
+int MMS_COMP_SMILMultipart::deletePartBySrc(const QString& src) {
+    if (src.isEmpty())
+        return ERR_NO_PART;
+    for (int i = 0; i < parts_.count();) {
+        Part* part = parts_.at(i);
+        if (!matches(part, src)) {
+            ++i;
+            continue;
+        }
+        if (part->getRefCount() > 1) {
+            part->setRefCount(part->getRefCount() - 1);
+            return 0;
+        }
+        if (!parts_.remove(i))
+            return ERR_NO_PART;
+    }
+    return 0;
+}
+
+// ---- references and names ----
+
+QString MMS_COMP_SMILMultipart::parseCid(const QString& reference) {
+    const QStringView bare = bareId(reference);
+    return bare.size() == reference.size() ? reference : bare.toString();
+}
+
+bool MMS_COMP_SMILMultipart::isCidEqual(const QString& a, const QString& b) {
+    const QStringView idA = bareId(QStringView(a).trimmed());
+    return !idA.isEmpty() && equalLowered(idA, bareId(QStringView(b).trimmed()));
+}
+
+MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString& src,
+                                                                         int fileType) const {
+    if (src.isEmpty())
+        return nullptr;
+    for (Part* part : parts_)
+        if (part->getDispFileType() == fileType && matches(part, src))
+            return part;
+    return nullptr;
+}
+
+bool MMS_COMP_SMILMultipart::isPartExist(const QString& name) const {
+    return !isUsableName(name) || std::any_of(parts_.begin(), parts_.end(),
+                                              [&name](const Part* part) { return matches(part, name); });
+}
+
+QString MMS_COMP_SMILMultipart::createUniqueLocation(const QString& name) const {
+    return PartNames(parts_).uniqueLocation(name);
+}
+
+QString MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(const QString& extension) const {
+    return PartNames(parts_).uniqueAttachmentLocation(extension);
+}
+
+// ---- presentation part and attachments ----
+
+bool MMS_COMP_SMILMultipart::isRelated() const {
+    return equalLowered(mimeType_, u"application") &&
+           equalLowered(mimeSubType_, u"vnd.wap.multipart.related");
+}
+
+MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getSmilPart() {
+    if (Part* part = getBodyPartBySrc(start_, Part::PRESENTATION_PART))
+        return part;
+    Part* first = parts_.at(0);
+    if (!first || !isRelated() || !equalLowered(first->getContentType(), u"application") ||
+        !equalLowered(first->getSubType(), u"smil"))
+        return nullptr;
+    first->setDispFileType(Part::PRESENTATION_PART);
+    return first;
+}
+
+int MMS_COMP_SMILMultipart::getAttachmentCount() const {
+    if (!isRelated())
+        return getPartCount();
+    return static_cast<int>(std::count_if(parts_.begin(), parts_.end(), isOrdinary));
+}
+
+MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getAttachment(int i) const {
+    if (!isRelated())
+        return parts_.at(i);
+    for (Part* part : parts_)
+        if (isOrdinary(part) && i-- == 0)
+            return part;
+    return nullptr;
+}
+
+void MMS_COMP_SMILMultipart::isContainAttachImgAudio(bool* attachment, bool* image, bool* audio,
+                                                     bool* video) const {
+    if (attachment)
+        *attachment = std::any_of(parts_.begin(), parts_.end(), isOrdinary);
+    const struct {
+        bool* found;
+        const char* type;
+    } media[] = {{image, "image"}, {audio, "audio"}, {video, "video"}};
+    // the presentation part counts for these, too; the type must be written in lower case
+    for (const auto& kind : media)
+        if (kind.found)
+            *kind.found = std::any_of(parts_.begin(), parts_.end(), [&kind](const Part* part) {
+                return part->getContentType() == QLatin1String(kind.type);
+            });
+}
+
+int MMS_COMP_SMILMultipart::indexOfUPIPart() const {
+    const auto found = std::find_if(parts_.begin(), parts_.end(), [](const Part* part) {
+        return part->getPartFlags() & Part::FLAG_USER_PROMPT;
+    });
+    return static_cast<int>(found - parts_.begin()); // the count, where no part is, for none
+}
+
+bool MMS_COMP_SMILMultipart::isContainUPI() const {
+    return indexOfUPIPart() < getPartCount();
+}
+
+MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getFirstUPIPart(bool take) {
+    return getBodypartByIndex(indexOfUPIPart(), take);
+}

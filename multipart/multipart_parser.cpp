@@ -1,0 +1,160 @@
+#include "multipart/multipart_parser.h"
+
+#include "codec/codec_result.h"
+#include "codec/linear_buffer.h"
+#include "multipart/entry_codec.h"
+#include "multipart/multipart.h"
+#include "multipart/multipart_codec.h"
+#include "multipart/part_names.h"
+#include "platform/mime/email_util.h"
+#include "platform/utility/msg_header_base.h"
+#include "util/mms_comp_util.h"
+
+#include <limits>
+
+namespace {
+
+/// The items "name=value" that are not empty, joined by ";".
+QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
+    QString params;
+    for (const auto& [name, value] : items) {
+        if (value.isEmpty())
+            continue;
+        if (!params.isEmpty())
+            params += ';';
+        params += name + '=' + value;
+    }
+    return params;
+}
+
+/// The container as octets; the null array with a result other than CODEC_WRITTEN.
+QArray<char> encoded(MMS_COMP_SMILMultipart* body, unsigned char* result) {
+    const qint64 size = sizeOfBody(body);
+    *result = CODEC_REFUSED;
+    if (size >= roomForBody(body) || size > std::numeric_limits<int>::max())
+        return QArray<char>();
+    QArray<char> octets(static_cast<qsizetype>(size));
+    if (octets.isNull())
+        return octets;
+    LinearBuffer out(reinterpret_cast<unsigned char*>(octets.data()), static_cast<int>(size));
+    *result = writeBody(&out, body);
+    return *result == CODEC_WRITTEN ? octets : QArray<char>();
+}
+
+} // namespace
+
+QString MMS_COMP_SMILMultipartParser::parseStart(const QString& params) {
+    return parseParam(QStringLiteral("start"), params);
+}
+
+QString MMS_COMP_SMILMultipartParser::parseExtType(const QString& params) {
+    return parseParam(QStringLiteral("type"), params); // also finds the end of a longer name
+}
+
+QString MMS_COMP_SMILMultipartParser::parseParam(const QString& name, const QString& params) {
+    const QString key = name + '=';
+    const qsizetype at = params.indexOf(key);
+    if (at < 0)
+        return QStringLiteral("");
+    const qsizetype begin = at + key.size();
+    const qsizetype end = params.indexOf(';', begin);
+    return params.mid(begin, end < 0 ? -1 : end - begin);
+}
+
+QString MMS_COMP_SMILMultipartParser::stripParam(const QString& name, const QString& params) {
+    const qsizetype at = params.indexOf(name + '=');
+    if (at < 0)
+        return params;
+    QString before = params.left(at);
+    if (before.endsWith(';'))
+        before.chop(1);
+    const qsizetype end = params.indexOf(';', at);
+    QString after = end < 0 ? QString() : params.mid(end + 1);
+    if (after.startsWith(';'))
+        after.remove(0, 1);
+    if (before.isEmpty())
+        return after;
+    return after.isEmpty() ? before : before + ';' + after;
+}
+
+QString MMS_COMP_SMILMultipartParser::otherParamListStrExceptStartType(const QString& params) {
+    return stripParam(QStringLiteral("type"), stripParam(QStringLiteral("start"), params));
+}
+
+int MMS_COMP_SMILMultipartParser::handleErr(unsigned char code) {
+    if (code == CODEC_READ || code == CODEC_WRITTEN)
+        return 0;
+    if (code < CODEC_WRITTEN)
+        return ERR_MALFORMED;
+    return code <= CODEC_REFUSED ? ERR_ENCODING : ERR_UNKNOWN;
+}
+
+int MMS_COMP_SMILMultipartParser::parse(const QArray<char>& data, MMS_UTIL_MsgHeaderBase* header,
+                                        MMS_COMP_SMILMultipart* body) {
+    if (!header || !body)
+        return ERR_ARGUMENT;
+    if (!body->getBoundary().isEmpty())
+        return 0;
+    const MMS_CONTENT_TYPE_T type = header->getContentType();
+    QCString related;
+    EMAIL_Util::subTypeEnumToStr(EMAIL_Util::SUBTYPE_WAP_MULTIPART_RELATED, related);
+    if (data.size() > std::numeric_limits<int>::max())
+        return ERR_MALFORMED;
+    // The decoder only reads.
+    auto* octets = reinterpret_cast<unsigned char*>(const_cast<char*>(data.data()));
+    const unsigned char result = MMS_UA_MultiPart_CODEC::decodeMultipart(
+        type.subType == QLatin1String(related), octets, static_cast<unsigned int>(data.size()), body);
+    if (result != CODEC_READ)
+        return handleErr(result);
+    checkLocation(body);
+    body->setStart(parseStart(type.parameters));
+    body->setExtType(parseExtType(type.parameters));
+    body->setOtherContentTypeParam(otherParamListStrExceptStartType(type.parameters));
+    return 0;
+}
+
+void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
+    if (!body)
+        return;
+    PartNames names(body->parts_);
+    for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
+        if (part->getContentLocation().isEmpty()) {
+            const QString shown = part->getDispFileName();
+            part->setContentLocation(shown.isEmpty() ? names.uniqueAttachmentLocation(
+                                                           MMS_COMP_Util::getFirstSupportExtNameByMIMEType(
+                                                               part->getContentType(), part->getSubType()))
+                                                     : names.uniqueLocation(shown));
+            names.add(*part);
+        }
+        if (part->getDispFileName().isEmpty())
+            part->setDispFileName(part->getContentLocation());
+    }
+}
+
+QArray<char> MMS_COMP_SMILMultipartParser::assembleBody(MMS_COMP_SMILMultipart* body,
+                                                        MMS_UTIL_MsgHeaderBase* header, int* status) {
+    int ignored = 0;
+    int& outcome = status ? *status : ignored;
+    outcome = ERR_ARGUMENT;
+    if (!body || !header)
+        return QArray<char>();
+    const bool hasPresentation = body->getSmilPart() != nullptr;
+    body->mimeSubType_ = hasPresentation ? QStringLiteral("vnd.wap.multipart.related")
+                                         : QStringLiteral("vnd.wap.multipart.mixed");
+    if (hasPresentation)
+        body->setExtType(QStringLiteral("application/smil"));
+    QString params = joined({{QLatin1String("start"), body->getStart()},
+                             {QLatin1String("boundary"), body->getBoundary()},
+                             {QLatin1String("type"), body->getExtType()}});
+    const QString others = body->getOtherContentTypeParam();
+    if (!params.isEmpty() && !others.isEmpty() && !others.startsWith(';'))
+        params += ';';
+    params += others;
+
+    unsigned char result = CODEC_REFUSED;
+    const QArray<char> octets = encoded(body, &result);
+    outcome = handleErr(result);
+    if (outcome == 0)
+        header->setContentType({body->getMimeType(), body->mimeSubType_, params});
+    return octets;
+}

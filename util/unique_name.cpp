@@ -1,0 +1,60 @@
+#include "util/unique_name.h"
+
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype nameLimit = 100; // file systems of phones, with some room for a directory
+
+/// Letters, digits and the punctuation of file names: always a valid URL, no need to parse it.
+bool isPlain(const QString& name) {
+    return std::all_of(name.begin(), name.end(), [](QChar c) {
+        const char16_t u = c.unicode();
+        return (u >= 'a' && u <= 'z') || (u >= 'A' && u <= 'Z') || (u >= '0' && u <= '9') || u == '.' ||
+               u == '_' || u == '-';
+    });
+}
+
+} // namespace
+
+bool isUsableName(const QString& name) {
+    if (name.isEmpty() || name.size() >= nameLimit)
+        return false;
+    return isPlain(name) || QUrl(name).isValid();
+}
+
+QString cutBase(const QString& base, const QString& ext) {
+    if (base.size() + ext.size() <= longestMadeName)
+        return base;
+    return base.left(std::max<qsizetype>(longestMadeName - ext.size(), 0));
+}
+
+QString numberedName(const QString& before, const QString& after, const NameTaken& taken) {
+    for (int n = 0;; ++n) {
+        const QString name = before + QString::number(n) + after;
+        if (!isUsableName(name))
+            return QString();
+        if (!taken(name))
+            return name;
+    }
+}
+
+QString uniqueName(const QString& base, const QString& ext, const QString& first, const QString& bareBase,
+                   const NameTaken& taken) {
+    const auto isFree = [&taken](const QString& name) { return isUsableName(name) && !taken(name); };
+    if (isFree(first))
+        return first;
+    QString name = numberedName(base + '_', ext.isEmpty() ? ext : '.' + ext, taken);
+    if (!name.isNull())
+        return name;
+    for (const QString& bare : {bareBase.left(longestMadeName), QStringLiteral("renamed")}) {
+        if (isFree(bare))
+            return bare;
+        name = bare.isEmpty() ? QString() : numberedName(bare + '_', QString(), taken);
+        if (!name.isNull())
+            break;
+    }
+    return name;
+}
