@@ -1,0 +1,142 @@
+#pragma once
+
+#include "platform/export.h"
+#include "qt2/qptrlist.h"
+#include "smil/model/color.h"
+
+#include <QString>
+
+#include <memory>
+#include <unordered_set>
+
+class MMS_COMP_SMILLayout;
+class QDomElement;
+
+/// How content is fitted into its region: the `fit` attribute.
+enum MMS_COMP_SMIL_REGION_FIT : int {
+    MMS_COMP_SMIL_FIT_HIDDEN = 0, ///< "hidden"
+    MMS_COMP_SMIL_FIT_FILL = 1,   ///< "fill"
+    MMS_COMP_SMIL_FIT_MEET = 2,   ///< "meet"
+    MMS_COMP_SMIL_FIT_SCROLL = 3, ///< "scroll"
+    MMS_COMP_SMIL_FIT_SLICE = 4,  ///< "slice"
+    MMS_COMP_SMIL_FIT_OTHER = 5,  ///< any other text, or none
+};
+
+/// A rectangle of the screen in which media objects are shown. Its four measures are pixels or per
+/// cent, as the measure unit of the document says. A new region has the id "default", is 120 wide
+/// and 160 high at 0, 0, and hides what does not fit.
+class LUM_EXPORT MMS_COMP_SMILRegion {
+public:
+    MMS_COMP_SMILRegion() = default;
+    /// Copies all values; the copy is in no layout.
+    MMS_COMP_SMILRegion(const MMS_COMP_SMILRegion& other);
+    MMS_COMP_SMILRegion& operator=(const MMS_COMP_SMILRegion&) = delete;
+
+    float getHeight() const { return height_; }
+    float getWidth() const { return width_; }
+    /// The distance from the upper edge of the screen.
+    float getTop() const { return top_; }
+    /// The distance from the left edge of the screen.
+    float getLeft() const { return left_; }
+    /// Left plus width.
+    float getRight() const { return left_ + width_; }
+    /// Top plus height.
+    float getBottom() const { return top_ + height_; }
+    /// What the `region` attribute of a media object refers to.
+    QString getId() const { return id_; }
+    MMS_COMP_SMIL_REGION_FIT getFit() const { return fit_; }
+
+    /// The setters store any value and give true.
+    bool setHeight(float height);
+    bool setWidth(float width);
+    bool setTop(float top);
+    bool setLeft(float left);
+    bool setId(const QString& id);
+    void setFit(MMS_COMP_SMIL_REGION_FIT fit);
+    /// Sets the fit by its word, compared exactly ("Fill" is not "fill"). Always true.
+    bool setFit(const QString& word);
+
+private:
+    friend class MMS_COMP_SMILLayout;
+    void changed();
+
+    float height_ = 160.0f;
+    float width_ = 120.0f;
+    float top_ = 0.0f;
+    float left_ = 0.0f;
+    QString id_ = QStringLiteral("default");
+    MMS_COMP_SMIL_REGION_FIT fit_ = MMS_COMP_SMIL_FIT_HIDDEN;
+    MMS_COMP_SMILLayout* layout_ = nullptr; // whose list owns the region
+};
+
+/// The size and background of the whole screen: 120 by 160 without a colour until told otherwise.
+class LUM_EXPORT MMS_COMP_SMILRootLayout {
+public:
+    /// Pixels; negative when the presentation did not say.
+    int getWidth() const { return width_; }
+    int getHeight() const { return height_; }
+    /// The colour record inside this root layout, not a copy.
+    MMS_COMP_COLOR* getBackgroundColor() { return &backgroundColor_; }
+    const MMS_COMP_COLOR* getBackgroundColor() const { return &backgroundColor_; }
+
+    /// Any value is stored, negative ones too; always true.
+    bool setWidth(int width);
+    bool setHeight(int height);
+    /// Reads a `background-color` text; false when it is unreadable (kind 3).
+    bool setBackgroundColor(const QString& text);
+
+private:
+    int width_ = 120;
+    int height_ = 160;
+    MMS_COMP_COLOR backgroundColor_;
+};
+
+/// The layout of a presentation: the root layout and the regions. It owns both; regions are only
+/// ever added, and no two of them agree in all six values when they are.
+class LUM_EXPORT MMS_COMP_SMILLayout {
+public:
+    MMS_COMP_SMILLayout();
+    MMS_COMP_SMILLayout(const MMS_COMP_SMILLayout&) = delete;
+    MMS_COMP_SMILLayout& operator=(const MMS_COMP_SMILLayout&) = delete;
+
+    /// The root layout, the layout's own; null after setRootLayout() failed.
+    MMS_COMP_SMILRootLayout* getRootLayout() const { return rootLayout_.get(); }
+    int getRegionCount() const { return regions_.count(); }
+    /// The region at `index`, the layout's own, or null when out of range.
+    MMS_COMP_SMILRegion* getRegion(unsigned int index) const;
+    /// The regions in the order in which they were appended.
+    const QPtrList<MMS_COMP_SMILRegion>& getRegionList() const { return regions_; }
+
+    /// Takes the region over, unless it is null, in a layout already, or equal to a region of this
+    /// layout: then nothing happens, and it stays the caller's.
+    void appendRegion(MMS_COMP_SMILRegion* region);
+    /// The region with these values (`fit` is its word), appended if there was none. The layout owns
+    /// it. Null when there is no memory.
+    MMS_COMP_SMILRegion* appendRegion(float left, float top, float width, float height, const QString& fit,
+                                      const QString& id);
+    /// Whether a region of the layout agrees with this one in all six values, the numbers compared
+    /// without tolerance. `found`, if given, becomes the first such region, or null; it is left
+    /// alone when `region` is null.
+    bool isRegionExist(MMS_COMP_SMILRegion* region, MMS_COMP_SMILRegion** found = nullptr) const;
+
+    /// Sets the size of the root layout, which is made if there is none; null when it cannot be.
+    MMS_COMP_SMILRootLayout* setRootLayout(int width, int height);
+    /// Takes size and background over from a `root-layout` element. A size that is absent becomes -1,
+    /// one that is no number 0; "px" is understood. 0, or -7 when there is no element or no memory.
+    int setRootLayout(QDomElement* element);
+
+private:
+    friend class MMS_COMP_SMILRegion;
+    struct SameValues {
+        size_t operator()(const MMS_COMP_SMILRegion* region) const;
+        bool operator()(const MMS_COMP_SMILRegion* a, const MMS_COMP_SMILRegion* b) const;
+    };
+    void forgetIndex() const;
+
+    std::unique_ptr<MMS_COMP_SMILRootLayout> rootLayout_;
+    QPtrList<MMS_COMP_SMILRegion> regions_;
+    // The first `indexed_` regions by value, so that looking for an equal one does not walk them
+    // all. A region that is changed empties the index.
+    mutable std::unordered_set<MMS_COMP_SMILRegion*, SameValues, SameValues> index_;
+    mutable int indexed_ = 0;
+};

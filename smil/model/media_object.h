@@ -1,0 +1,151 @@
+#pragma once
+
+#include "multipart/body_part_link.h"
+#include "multipart/body_part_list.h"
+#include "platform/export.h"
+#include "qt2/qarray.h"
+#include "qt2/qptrlist.h"
+#include "smil/model/media_object_param.h"
+#include "smil/model/smil_time.h"
+
+#include <QString>
+
+class MMS_COMP_SMILMultipart;
+class MMS_COMP_SMILMultipartBodypart;
+class QDataStream;
+class QDomElement;
+
+/// Which element a media object is.
+enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int {
+    MMS_COMP_SMIL_MEDIA_AUDIO = 0, ///< `audio`
+    MMS_COMP_SMIL_MEDIA_VIDEO = 1, ///< `video`
+    MMS_COMP_SMIL_MEDIA_TEXT = 2,  ///< `text`
+    MMS_COMP_SMIL_MEDIA_IMG = 3,   ///< `img`
+    MMS_COMP_SMIL_MEDIA_REF = 4,   ///< `ref`
+    MMS_COMP_SMIL_MEDIA_OTHER = 5, ///< any other element
+};
+
+/// One media element of a slide: its attributes, its `param` children and a link to the body part
+/// that holds its content.
+///
+/// The object owns its params. Its body part belongs as a rule to the container and may be shared by
+/// several objects, which the part's reference count tells; the object only points at it, and its data
+/// becomes null when the part is deleted. A part that the object made itself and that is in no container
+/// (read from a record, or made by setData() without a container) is the object's own, and is deleted
+/// with it, until somebody else takes it over.
+///
+/// The container is never owned: it must outlive the object or be replaced with setMultiPart().
+class LUM_EXPORT MMS_COMP_SMILMediaObject {
+public:
+    /// `multipart` is where the object finds and makes body parts; it may be null.
+    explicit MMS_COMP_SMILMediaObject(MMS_COMP_SMILMultipart* multipart);
+    MMS_COMP_SMILMediaObject(const MMS_COMP_SMILMediaObject&) = delete;
+    MMS_COMP_SMILMediaObject& operator=(const MMS_COMP_SMILMediaObject&) = delete;
+
+    MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE getMediaElementType() const { return type_; }
+    /// A short type word; "txt" once the object has become a text.
+    QString getMediaType() const { return mediaType_; }
+    /// The reference to the body part: its Content-Location or Content-ID.
+    QString getSrc() const { return src_; }
+    QString getRegionId() const { return regionId_; }
+    QString getMimeType() const { return mimeType_; }
+    QString getAlt() const { return alt_; }
+    /// The body part with the content; null if there is none or it has been deleted.
+    MMS_COMP_SMILMultipartBodypart* getData() const { return data_.get(); }
+    MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
+
+    /// The times inside this object, not copies.
+    MMS_COMP_SMIL_TIME* getBegin() { return &begin_; }
+    const MMS_COMP_SMIL_TIME* getBegin() const { return &begin_; }
+    MMS_COMP_SMIL_TIME* getEnd() { return &end_; }
+    const MMS_COMP_SMIL_TIME* getEnd() const { return &end_; }
+    MMS_COMP_SMIL_TIME_TYPE getBeginTimeType() const { return begin_.type; }
+    QString getBeginTimeEvent() const { return begin_.id; }
+    /// Milliseconds.
+    int getBeginTimeLength() const { return begin_.value; }
+    MMS_COMP_SMIL_TIME_TYPE getEndTimeType() const { return end_.type; }
+    QString getEndTimeEvent() const { return end_.id; }
+    /// Milliseconds.
+    int getEndTimeLength() const { return end_.value; }
+
+    /// Also makes the media type "txt" when the type is text.
+    void setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
+    void setMediaType(const QString& word) { mediaType_ = word; }
+    /// Also makes `src` the alternative text. Always true.
+    bool setSrc(const QString& src);
+    void setRegionId(const QString& id) { regionId_ = id; }
+    void setMimeType(const QString& mimeType) { mimeType_ = mimeType; }
+    void setAlt(const QString& alt) { alt_ = alt; }
+    void setBeginTimeType(MMS_COMP_SMIL_TIME_TYPE type) { begin_.type = type; }
+    void setBeginTimeEvent(const QString& id) { begin_.id = id; }
+    void setBeginTimeLength(int milliseconds) { begin_.value = milliseconds; }
+    void setEndTimeType(MMS_COMP_SMIL_TIME_TYPE type) { end_.type = type; }
+    void setEndTimeEvent(const QString& id) { end_.id = id; }
+    void setEndTimeLength(int milliseconds) { end_.value = milliseconds; }
+    /// The container is not taken over.
+    void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
+    /// Points at another body part, which is not taken over; its reference count is left alone.
+    void setData(MMS_COMP_SMILMultipartBodypart* part);
+
+    /// Fills the object from a SMIL media element and links it to the body part of `multipart` (null for
+    /// the object's own container) that its `src` names; the part gains a reference if it had been
+    /// linked before. 0 when linked; 3 when the object has no container, and when there is no such part
+    /// or no element: then times and params are not read.
+    int setObjectElem(QDomElement* element, MMS_COMP_SMILMultipart* multipart);
+    /// Gives the object content: a body part with these octets, made if the object has none and then
+    /// appended to `multipart`, which also becomes the object's container. Without a container the
+    /// object owns the part it makes. False when no part can be made.
+    bool setData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
+                 const QString& subType, const QArray<char>& bytes, MMS_COMP_SMILMultipart* multipart);
+    /// Copies this object into `target`, whose content is the presentation part or linked part of
+    /// `multipart` that the `src` names. False, with the target partly filled, if there is none; false
+    /// too when an argument is null or the target is this object.
+    bool copyTo(MMS_COMP_SMILMediaObject* target, MMS_COMP_SMILMultipart* multipart) const;
+    /// Lets go of the body part. The container drops one reference to it, deleting the part with the
+    /// last; without a container, or if the part is this object's own, it is deleted.
+    void clear();
+
+    int getParamCount() const { return params_.count(); }
+    /// The param at `index`, the object's own, or null when out of range.
+    MMS_COMP_SMILMediaObjectParam* getParam(int index) const { return params_.at(index); }
+    /// Appends a param: 0, or -15 when it cannot be made.
+    int appendParamElem(const QString& name, const QString& value,
+                        MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType, const QString& refValueType);
+    /// The same, with the value type given by its word ("data", "ref", "object").
+    int appendParamElem(const QString& name, const QString& value, const QString& valueType,
+                        const QString& refValueType);
+    /// Deletes the param at `index`; false when out of range.
+    bool deleteParamElem(int index);
+    /// Deletes the first param of that name, if there is one.
+    void removeParamByName(const QString& name);
+    /// Sets the value of the first param of that name; appends one of value type 0 if there is none.
+    void updateParamByName(const QString& name, const QString& value);
+    /// The value of the first param of that name, or "".
+    QString getParamValueByName(const QString& name) const;
+
+    /// Reads the record that writeToStream() writes. The body part that the object pointed at is
+    /// deleted, wherever it was; one that the record brings is the object's own. Params are added to
+    /// those there. False when something could not be made, or the part's record is nested too deep. A
+    /// record that ends early gives what was there, and the stream's status tells.
+    bool readFromStream(QDataStream& stream);
+    /// Always true.
+    bool writeToStream(QDataStream& stream) const;
+
+private:
+    MMS_COMP_SMILMediaObjectParam* findParam(const QString& name) const;
+    void readParams(const QDomElement& element);
+    bool readData(QDataStream& stream);
+
+    MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type_ = MMS_COMP_SMIL_MEDIA_OTHER;
+    QString mediaType_ = QStringLiteral("");
+    QString src_ = QStringLiteral("");
+    QString regionId_ = QStringLiteral("");
+    QString mimeType_ = QStringLiteral("");
+    MMS_COMP_SMIL_TIME begin_;
+    MMS_COMP_SMIL_TIME end_;
+    QString alt_ = QStringLiteral("");
+    BodypartLink data_;
+    BodypartList ownParts_; // parts that this object made and nobody has taken over
+    QPtrList<MMS_COMP_SMILMediaObjectParam> params_;
+    MMS_COMP_SMILMultipart* multipart_;
+};

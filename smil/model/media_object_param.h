@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/export.h"
+
+#include <QString>
+
+class QDataStream;
+
+/// What the value of a `param` is: its `valuetype` attribute.
+enum MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE : int {
+    MMS_COMP_SMIL_PARAM_DATA = 0,   ///< "data"
+    MMS_COMP_SMIL_PARAM_REF = 1,    ///< "ref"
+    MMS_COMP_SMIL_PARAM_OBJECT = 2, ///< "object"
+    MMS_COMP_SMIL_PARAM_OTHER = 3,  ///< any other text, or none
+};
+
+/// One `param` child of a media object. Copies are independent of each other.
+class LUM_EXPORT MMS_COMP_SMILMediaObjectParam {
+public:
+    /// All texts empty, value type 0.
+    MMS_COMP_SMILMediaObjectParam();
+    MMS_COMP_SMILMediaObjectParam(const QString& name, const QString& value,
+                                  MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
+                                  const QString& refValueType);
+
+    QString getName() const { return name_; }
+    QString getValue() const { return value_; }
+    MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE getValueType() const { return valueType_; }
+    /// The MIME type of a referenced value: the `type` attribute.
+    QString getRefValueType() const { return refValueType_; }
+
+    void setName(const QString& name) { name_ = name; }
+    void setValue(const QString& value) { value_ = value; }
+    void setValueType(MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE type) { valueType_ = type; }
+    void setRefValueType(const QString& type) { refValueType_ = type; }
+    void setAll(const QString& name, const QString& value, MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
+                const QString& refValueType);
+
+    /// Reads the record that writeToStream() writes: name, value, value type, ref value type. Always
+    /// true: of a record that ends early the rest is empty, and the stream's status tells.
+    bool readFromStream(QDataStream& stream);
+    /// Always true.
+    bool writeToStream(QDataStream& stream) const;
+
+private:
+    QString name_ = QStringLiteral("");
+    QString value_ = QStringLiteral("");
+    MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType_ = MMS_COMP_SMIL_PARAM_DATA;
+    QString refValueType_ = QStringLiteral("");
+};

@@ -1,0 +1,134 @@
+#pragma once
+
+#include "platform/export.h"
+#include "qt2/qptrlist.h"
+#include "smil/model/layout.h"
+#include "smil/model/slide.h"
+
+#include <QString>
+
+class MMS_COMP_SMILMultipart;
+class QDomElement;
+
+/// The unit of the regions' measures.
+enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
+    MMS_COMP_SMIL_UNIT_PIXEL = 0,   ///< pixels
+    MMS_COMP_SMIL_UNIT_PERCENT = 1, ///< per cent of the screen
+};
+
+/// One `meta` entry of a presentation.
+class LUM_EXPORT MMS_COMP_SMILMeta {
+public:
+    QString getName() const { return name_; }
+    QString getContent() const { return content_; }
+    void setName(const QString& name) { name_ = name; }
+    void setContent(const QString& content) { content_ = content; }
+
+private:
+    QString name_ = QStringLiteral("");
+    QString content_ = QStringLiteral("");
+};
+
+/// A SMIL presentation: layout, meta entries and slides. It owns all three; the container whose body
+/// parts hold the content is not owned and must outlive the document or be replaced with
+/// setMultiPart().
+class LUM_EXPORT MMS_COMP_SMILData {
+public:
+    /// An empty presentation with the default root layout. `multipart` may be null.
+    explicit MMS_COMP_SMILData(MMS_COMP_SMILMultipart* multipart);
+    /// As much of `other` as copyTo() copies, with the content in `multipart`.
+    MMS_COMP_SMILData(const MMS_COMP_SMILData& other, MMS_COMP_SMILMultipart* multipart);
+    MMS_COMP_SMILData(const MMS_COMP_SMILData&) = delete;
+    MMS_COMP_SMILData& operator=(const MMS_COMP_SMILData&) = delete;
+    /// Deletes slides and meta entries, without releasing body parts, and leaves the layout alone.
+    void clean();
+
+    /// The layout inside this document, not a copy.
+    MMS_COMP_SMILLayout* getLayout() { return &layout_; }
+    const MMS_COMP_SMILLayout* getLayout() const { return &layout_; }
+    /// The document's own; null after setRootLayout() failed.
+    MMS_COMP_SMILRootLayout* getRootLayout() const { return layout_.getRootLayout(); }
+    int getRegionCount() const { return layout_.getRegionCount(); }
+    /// The region at `index`, the document's own, or null when out of range.
+    MMS_COMP_SMILRegion* getRegion(unsigned int index) const { return layout_.getRegion(index); }
+    MMS_COMP_SMIL_UNIT_TYPE_ENUM getLayoutMeasureUnit() const { return measureUnit_; }
+    void setLayoutMeasureUnit(MMS_COMP_SMIL_UNIT_TYPE_ENUM unit) { measureUnit_ = unit; }
+    /// As MMS_COMP_SMILLayout::setRootLayout().
+    MMS_COMP_SMILRootLayout* setRootLayout(int width, int height);
+    int setRootLayout(QDomElement* element);
+    /// The size as texts: "px" is understood, an empty text becomes -1, one that is no number 0. The
+    /// third text is not used.
+    MMS_COMP_SMILRootLayout* setRootLayout(const QString& width, const QString& height, const QString&);
+    /// As MMS_COMP_SMILLayout::appendRegion().
+    void appendRegion(MMS_COMP_SMILRegion* region);
+    MMS_COMP_SMILRegion* appendRegion(float left, float top, float width, float height, const QString& fit,
+                                      const QString& id);
+    /// The measures as texts: "px" is understood, an empty text becomes -1, one without a leading
+    /// number 0. A "%" in any of them makes per cent the unit of the whole document.
+    MMS_COMP_SMILRegion* appendRegion(const QString& left, const QString& top, const QString& width,
+                                      const QString& height, const QString& fit, const QString& id);
+    /// The ids of the two standard regions: "text" and "image".
+    static QString getTextRegionId();
+    static QString getImgRegionId();
+
+    int getMetaCount() const { return metas_.count(); }
+    /// The entry at `index`, the document's own, or null when out of range.
+    MMS_COMP_SMILMeta* getMeta(int index) const { return metas_.at(index); }
+    /// False when there is no memory for the entry.
+    bool appendMeta(const QString& name, const QString& content);
+
+    /// Appends an empty slide, which the document owns; null when it cannot be made.
+    MMS_COMP_SMILTimingContainer* appendSlide();
+    /// Appends the slide, which the document takes over; false for null.
+    bool appendSlide(MMS_COMP_SMILTimingContainer* slide);
+    int getTotalSlidesNum() const { return slides_.count(); }
+    /// The slide at `index`, the document's own, or null when out of range.
+    MMS_COMP_SMILTimingContainer* getSlide(int index) const { return slides_.at(index); }
+    /// 0 when there is no such slide.
+    int getMediaObjectCount(int slideIndex) const;
+    /// Null when there is no such slide or object.
+    MMS_COMP_SMILMediaObject* getMediaObject(int slideIndex, int index) const;
+    /// As the slide's insert() and remove(); false too when there is no such slide.
+    bool insertMediaObject(int slideIndex, int index, MMS_COMP_SMILMediaObject* object);
+    bool deleteMediaObject(int slideIndex, int index);
+
+    /// Adds a media element of a presentation that is being read to the last slide, or to a new one of
+    /// `duration` milliseconds when `newSlide` asks for it or the last one has no room for the kind.
+    /// 0, and `*object` is the new object (the document's own; the place may be null); 1 for an
+    /// element of an unknown kind, 3 when its content is missing, -15 without memory: then nothing is
+    /// added.
+    int appendElementObject(QDomElement* element, MMS_COMP_SMILMultipart* multipart, bool newSlide,
+                            int duration, MMS_COMP_SMILMediaObject** object);
+    /// A name for new content, made from a file's name or path, that no object and no body part has
+    /// yet, at most 99 characters long.
+    QString createUniqueSrc(const QString& src) const;
+    /// Whether an object or a body part has that name, or nothing can have it: no valid URL, or longer
+    /// than 99 characters.
+    bool isElemNameExist(const QString& name) const;
+    /// Deletes the first object whose body part has that Content-Location or Content-ID; the part is
+    /// not released.
+    void deleteObjectByDataLocation(const QString& location);
+    /// Removes the texts without content that a message need not carry: all but those that alone keep
+    /// a coloured page.
+    void removeEmptyTextBeforeSend();
+    /// Whether no slide has anything to show.
+    bool isEmpty() const;
+
+    MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
+    /// Gives the container, which is not taken over, to the document and to every slide; media objects
+    /// keep theirs.
+    void setMultiPart(MMS_COMP_SMILMultipart* multipart);
+    /// Adds a copy of this document to `target`, whose content is in `multipart`. The background colour
+    /// is not copied. False when content is missing there, which leaves what was copied so far; false
+    /// too when the target is null or this document.
+    bool copyTo(MMS_COMP_SMILData* target, MMS_COMP_SMILMultipart* multipart) const;
+
+private:
+    bool copyLayoutTo(MMS_COMP_SMILData* target) const;
+
+    MMS_COMP_SMIL_UNIT_TYPE_ENUM measureUnit_ = MMS_COMP_SMIL_UNIT_PIXEL;
+    MMS_COMP_SMILLayout layout_;
+    QPtrList<MMS_COMP_SMILMeta> metas_;
+    QPtrList<MMS_COMP_SMILTimingContainer> slides_;
+    MMS_COMP_SMILMultipart* multipart_;
+};

@@ -1,0 +1,118 @@
+#pragma once
+
+#include "platform/export.h"
+#include "qt2/qarray.h"
+#include "qt2/qptrlist.h"
+#include "smil/model/color.h"
+#include "smil/model/media_object.h"
+
+#include <QString>
+
+class MMS_COMP_SMILMultipart;
+class QDataStream;
+
+/// One slide (`par`): the media objects that are shown together, for how long, and in which colours.
+///
+/// The slide is the list of its media objects, in order, and owns them. canBeInserted() and
+/// updateData() keep it to one text, one image or video and one audio; `ref` objects are not limited.
+/// The container of the body parts is not owned: it must outlive the slide or be replaced with
+/// setMultiPart().
+class LUM_EXPORT MMS_COMP_SMILTimingContainer : public QPtrList<MMS_COMP_SMILMediaObject> {
+public:
+    /// An empty slide of 5000 milliseconds. `multipart` may be null.
+    explicit MMS_COMP_SMILTimingContainer(MMS_COMP_SMILMultipart* multipart);
+    MMS_COMP_SMILTimingContainer(const MMS_COMP_SMILTimingContainer&) = delete;
+    MMS_COMP_SMILTimingContainer& operator=(const MMS_COMP_SMILTimingContainer&) = delete;
+
+    /// Milliseconds; -1 not given, -2 "indefinite".
+    int getDur() const { return duration_; }
+    void setDur(int milliseconds) { duration_ = milliseconds; }
+    /// Whether the user fixed the duration.
+    bool getSetDurManually() const { return durationSetManually_; }
+    void setSetDurManually(bool manually) { durationSetManually_ = manually; }
+    MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
+    /// The container for objects made from now on; those there keep theirs.
+    void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
+    /// Copies of the colour records; kind 3 until set.
+    MMS_COMP_COLOR getPageColor() const { return pageColor_; }
+    MMS_COMP_COLOR getTextColor() const { return textColor_; }
+    void setPageColor(const MMS_COMP_COLOR& color) { pageColor_ = color; }
+    void setTextColor(const MMS_COMP_COLOR& color) { textColor_ = color; }
+    QString getTextSize() const { return textSize_; }
+    void setTextSize(const QString& size) { textSize_ = size; }
+
+    int getMediaObjectCount() const { return count(); }
+    /// The object at `index`, the slide's own, or null when out of range.
+    MMS_COMP_SMILMediaObject* getMediaObject(int index) const { return at(index); }
+    /// Appends the object, which the slide takes over, whatever its kind; false for null.
+    bool appendObject(MMS_COMP_SMILMediaObject* object) { return append(object); }
+    /// Puts the object, which the slide then takes over, before the one at `index`; false, and the
+    /// object stays the caller's, when it is null or there is no such place.
+    bool insert(int index, MMS_COMP_SMILMediaObject* object) { return QPtrList::insert(index, object); }
+    /// Deletes the object at `index` without releasing its body part; false when out of range.
+    bool remove(int index) { return QPtrList::remove(index); }
+
+    /// Whether the slide has room for an object of that kind, given by its tag in any case.
+    bool canBeInserted(const QString& kind) const;
+    /// Whether the slide has nothing to show: no objects, or only texts without content.
+    bool isBlank() const;
+    /// False if an image or a video comes after a text, else true.
+    bool isTextBellowImg() const;
+    bool isElemExist(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) const;
+    bool isVideoExist() const;
+    /// Whether there is an image or a video.
+    bool isImageExist() const;
+    bool isAudioExist() const;
+    /// The octets of all objects' own payloads; a part that two objects share counts twice. At most
+    /// the largest int.
+    int getPageSize() const;
+
+    /// The first object of that type, or null. With `take` it leaves the slide and is the caller's.
+    MMS_COMP_SMILMediaObject* getElem(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, bool take = false);
+    MMS_COMP_SMILMediaObject* getTextElem(bool take = false);
+    MMS_COMP_SMILMediaObject* getVideoElem(bool take = false);
+    MMS_COMP_SMILMediaObject* getImgElem(bool take = false);
+    MMS_COMP_SMILMediaObject* getAudioElem(bool take = false);
+    /// The first image, or without one the first video.
+    MMS_COMP_SMILMediaObject* getImgObjectLikeElem(bool take = false);
+
+    /// Releases the body part of the first object of that type and deletes the object.
+    void removeElem(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
+    void removeTextElem();
+    /// Removes the first image and the first video.
+    void removeImgLikeElem();
+    /// Removes the first object with exactly this `src`.
+    void removeBySrc(const QString& src);
+    /// Releases all body parts, deletes all objects and sets the duration back to 5000 milliseconds.
+    void clear();
+
+    /// Puts content into the slide: into the object of that kind (an image and a video share one
+    /// place), or a new one. A new text goes to the end if it is shown below the image, else before the
+    /// image; a new image goes before a text shown below it, else to the end. False when an object
+    /// cannot be made.
+    bool updateData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
+                    const QString& subType, const QArray<char>& bytes, bool textBelowImage,
+                    MMS_COMP_SMILMultipart* multipart);
+    /// Adds copies of all objects to `target`, whose content is in `multipart`, and copies the slide's
+    /// own values. False as soon as an object's content is not there, which leaves the copies made so
+    /// far; false too when the target is null or this slide.
+    bool copyTo(MMS_COMP_SMILTimingContainer* target, MMS_COMP_SMILMultipart* multipart) const;
+
+    /// Reads the record that writeToStream() writes: duration and objects, which are added to those
+    /// there and have no container. False when an object cannot be made or read. A record that ends
+    /// early gives what was there, and the stream's status tells.
+    bool readFromStream(QDataStream& stream);
+    /// Always true. Colours, text size and the manual flag are not part of the record.
+    bool writeToStream(QDataStream& stream) const;
+
+private:
+    int indexOfType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) const;
+    void release(int index);
+
+    int duration_;
+    bool durationSetManually_ = false;
+    MMS_COMP_SMILMultipart* multipart_;
+    MMS_COMP_COLOR pageColor_{MMS_COMP_COLOR_UNREADABLE, QStringLiteral(""), QColor()};
+    MMS_COMP_COLOR textColor_{MMS_COMP_COLOR_UNREADABLE, QStringLiteral(""), QColor()};
+    QString textSize_ = QStringLiteral("");
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+/// What kind of begin or end time a media object has.
+enum MMS_COMP_SMIL_TIME_TYPE : int {
+    MMS_COMP_SMIL_TIME_OFFSET = 0,      ///< milliseconds from the start of the slide
+    MMS_COMP_SMIL_TIME_EVENT = 1,       ///< relative to the begin or end of another element
+    MMS_COMP_SMIL_TIME_UNSPECIFIED = 2, ///< no time was given
+    MMS_COMP_SMIL_TIME_INVALID = 3,     ///< the text could not be read
+};
+
+/// The begin or end time of a media object. MMS_COMP_SMILParser::parseTime fills it.
+struct MMS_COMP_SMIL_TIME {
+    MMS_COMP_SMIL_TIME_TYPE type = MMS_COMP_SMIL_TIME_UNSPECIFIED; ///< how to read the other two
+    QString id = QStringLiteral("");                               ///< the element an event refers to
+    int value = 0; ///< milliseconds; for an event 0 is that element's begin and -1 its end
+};
