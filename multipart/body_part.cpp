@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -255,8 +256,9 @@ bool MMS_COMP_SMILMultipartBodypart::readRecord(RecordReader& record, int depth)
     boundary_ = record.readText();
     const int count = record.readInt();
     for (int i = 0; i < count; ++i) {
-        auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
-        if (!part->readRecord(record, depth + 1))
+        std::unique_ptr<MMS_COMP_SMILMultipartBodypart> part(new (std::nothrow)
+                                                                 MMS_COMP_SMILMultipartBodypart);
+        if (!part || !part->readRecord(record, depth + 1))
             return false;
         subBodies_.append(part.release());
     }

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <new>
 
 namespace {
 
@@ -238,7 +239,10 @@ unsigned char readEntries(LinearBuffer* in, int depth, const PartReceiver& recei
     if (!in->hasMore())
         return CODEC_MALFORMED;
     for (int count = in->readByte(); count > 0; --count) {
-        auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+        std::unique_ptr<MMS_COMP_SMILMultipartBodypart> part(new (std::nothrow)
+                                                                 MMS_COMP_SMILMultipartBodypart);
+        if (!part)
+            return CODEC_REFUSED;
         const unsigned char result = readEntry(in, depth, part.get());
         if (result != CODEC_READ)
             return result;

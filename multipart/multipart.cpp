@@ -6,6 +6,7 @@
 #include "util/unique_name.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -63,7 +64,8 @@ void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart& other) {
     start_ = other.start_;
     const int count = other.getPartCount(); // the other may be this one
     for (int i = 0; i < count; ++i)
-        parts_.append(new Part(*other.parts_.at(i)));
+        if (!parts_.append(new (std::nothrow) Part(*other.parts_.at(i))))
+            return;
 }
 
 void MMS_COMP_SMILMultipart::clear() {

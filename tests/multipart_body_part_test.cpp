@@ -1,0 +1,253 @@
+// Body parts: types by name and code, payload, records, files, and who owns whom.
+
+#include "multipart/body_part.h"
+#include "multipart/body_part_link.h"
+#include "multipart/multipart.h"
+#include "platform/utility/common.h"
+#include "tests/octets.h"
+
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <memory>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+Part* partAt(const QString& location) {
+    auto* part = new Part;
+    part->setContentLocation(location);
+    return part;
+}
+
+/// A part within parts, that many levels below the first; freed by `root`.
+std::unique_ptr<Part> chain(int levels) {
+    auto root = std::make_unique<Part>();
+    Part* deepest = root.get();
+    for (int i = 0; i < levels; ++i, deepest = deepest->getSubBody(0))
+        deepest->setSubBody(new Part, -1);
+    return root;
+}
+
+QByteArray recordOf(const Part& part) {
+    QByteArray octets;
+    QDataStream stream(&octets, QIODevice::WriteOnly);
+    EXPECT_TRUE(part.writeToStream(stream));
+    return octets;
+}
+
+bool readRecord(Part& part, const QByteArray& octets) {
+    QDataStream stream(octets);
+    return part.readFromStream(stream);
+}
+
+} // namespace
+
+TEST(BodyPart, TypesAndTheirCodes) {
+    Part part;
+    EXPECT_EQ(part.getMimeFormat(), "/");
+    EXPECT_EQ(Part::getTypePartFromFormat("a/b/c") + Part::getSubTypePartFromFormat("a/b/c"), "ac");
+    EXPECT_EQ(Part::getTypePartFromFormat("image") + Part::getSubTypePartFromFormat("image"), "");
+    part.setContentSubType("3GP");
+    EXPECT_EQ(part.getSubType(), "3gpp");
+    part.setSupport(static_cast<Part::MEDIA_SUPPORT>(2));
+    EXPECT_FALSE(part.setContentType(-7) || part.setSubTypeCode(-7) || part.setCharsetByCode(-7));
+    EXPECT_EQ(part.getSupport(), 2);
+    EXPECT_TRUE(part.setContentType(4));
+    EXPECT_EQ(part.getContentType(), "application");
+    EXPECT_EQ(part.getContentTypeByCode(), 4);
+    EXPECT_TRUE(part.setSubTypeCode(70));
+    EXPECT_EQ(part.getSubTypeCode(), 70);
+    EXPECT_EQ(part.getSupport(), 0);
+    EXPECT_EQ(part.getMimeFormat(), "application/vnd.wap.multipart.related");
+    part.setCharset("vnd.wap.multipart.related"); // looked up among the sub-types, deliberately
+    EXPECT_EQ(part.getCharsetByCode(), 70);
+}
+
+TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
+    QArray<char> data(QByteArray("abc"));
+    Part part;
+    EXPECT_EQ(part.setBodyData(data), 0);
+    data[0] = 'x';
+    EXPECT_EQ(QByteArray(part.getBodyData()), "abc");
+    part.setRefCount(4);
+    part.setSubBody(partAt("inner"), -1);
+    const Part copy(part);
+    EXPECT_EQ(copy.getBodyData().data(), part.getBodyData().data());
+    EXPECT_EQ(copy.getRefCount(), 4);
+    EXPECT_NE(copy.getSubBody(0), part.getSubBody(0));
+    EXPECT_EQ(copy.getSubBody(0)->getContentLocation(), "inner");
+    part.getSubBody(0)->setBodyData("12345", 5);
+    EXPECT_EQ(part.getBodyDataLen(), 8);
+    EXPECT_EQ(part.setBodyData("x", 0), 0);
+    EXPECT_TRUE(part.getBodyData().isEmpty());
+}
+
+TEST(BodyPart, SubBodiesAreInsertedWhereOneIs) {
+    Part part;
+    const std::pair<const char*, int> inserted[] = {{"a", 5}, {"b", -1}, {"c", 0}, {"d", 1}};
+    for (const auto& [name, index] : inserted)
+        EXPECT_TRUE(part.setSubBody(partAt(name), index));
+    QString order;
+    for (unsigned int i = 0; part.getSubBody(i); ++i)
+        order += part.getSubBody(i)->getContentLocation();
+    EXPECT_EQ(order, "cdab");
+    EXPECT_FALSE(part.setSubBody(nullptr, 0) || part.rmSubBody(4) || part.rmSubBody(~0u));
+}
+
+TEST(BodyPart, DeletionLeavesListsAndLinksBehind) {
+    MMS_COMP_SMILMultipart one, other;
+    Part* part = partAt("a");
+    one.appendBodypart(part);
+    BodypartLink link(part);
+    const BodypartLink second = link;
+    one.appendBodypart(part); // again: it only moves to the end
+    EXPECT_EQ(one.getPartCount(), 1);
+    other.insertBodypart(part, 0);
+    EXPECT_EQ(one.getPartCount(), 0);
+    EXPECT_EQ(other.getPartCount(), 1);
+    EXPECT_EQ(link.get(), part);
+    delete part;
+    EXPECT_EQ(other.getPartCount(), 0);
+    EXPECT_EQ(link.get(), nullptr);
+    EXPECT_EQ(second.get(), nullptr);
+
+    one.appendBodypart(partAt("b"));
+    std::unique_ptr<Part> taken(one.getBodypartByIndex(0, true));
+    EXPECT_EQ(taken->getOwner(), nullptr);
+    EXPECT_EQ(BodypartLink(nullptr).get(), nullptr);
+    {
+        MMS_COMP_SMILMultipart passing;
+        passing.appendBodypart(taken.get());
+        link = taken.release();
+    }
+    EXPECT_EQ(link.get(), nullptr);
+}
+
+TEST(BodyPart, NoPartHoldsItself) {
+    const std::unique_ptr<Part> root = chain(2);
+    Part* middle = root->getSubBody(0);
+    EXPECT_FALSE(root->setSubBody(root.get(), -1));
+    EXPECT_FALSE(middle->getSubBody(0)->setSubBody(root.get(), -1));
+    EXPECT_FALSE(middle->getSubBody(0)->setSubBody(middle, -1));
+    EXPECT_TRUE(root->setSubBody(middle->getSubBody(0), 0)); // moves up
+    EXPECT_EQ(middle->getSubBodyCount(), 0);
+    EXPECT_EQ(root->getSubBodyCount(), 2);
+}
+
+TEST(BodyPartRecord, IsByteExact) {
+    Part part;
+    part.setContentType("a");
+    part.setCharset(QString());
+    part.setBodyData("xyz", 3);
+    part.setPartFlags(1);
+    part.setRefCount(9);
+    const QByteArray record = recordOf(part);
+    EXPECT_EQ(record, octets("00000002 0061 00000000 FFFFFFFF") + QByteArray(20, 0) + octets("00000001") +
+                          octets("00000003") + "xyz" + octets("00000000 00000001 00000000 00000000"));
+    Part read;
+    EXPECT_TRUE(readRecord(read, record));
+    EXPECT_EQ(recordOf(read), record);
+    EXPECT_EQ(read.getRefCount(), 1);
+}
+
+TEST(BodyPartRecord, TreesComeBackAndCutOnesStop) {
+    Part part;
+    part.setSubBody(partAt("one"), -1);
+    part.setSubBody(partAt("two"), -1);
+    part.getSubBody(1)->setSubBody(partAt("inner"), -1);
+    const QByteArray record = recordOf(part);
+    Part read;
+    read.setSubBody(partAt("before"), -1);
+    EXPECT_TRUE(readRecord(read, record));
+    EXPECT_EQ(read.getSubBodyCount(), 3);
+    EXPECT_EQ(read.getSubBody(2)->getSubBody(0)->getContentLocation(), "inner");
+    for (qsizetype size = 0; size < record.size(); ++size) {
+        Part cut;
+        EXPECT_FALSE(readRecord(cut, record.left(size))) << size;
+    }
+    Part claimed; // two thousand million sub-bodies, none of them there
+    EXPECT_FALSE(readRecord(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
+    EXPECT_EQ(claimed.getSubBodyCount(), 0);
+}
+
+TEST(BodyPartRecord, NestingEndsAtSixteen) {
+    for (const int levels : {16, 17}) {
+        Part read;
+        EXPECT_EQ(readRecord(read, recordOf(*chain(levels))), levels == 16);
+    }
+}
+
+class BodyPartFile : public testing::Test {
+protected:
+    BodyPartFile() : root_(QDir(outside_.path()).filePath("tmp")) {
+        QDir().mkpath(root_ + "/sub");
+        qputenv("TMPDIR", root_.toLocal8Bit());
+        part_.setBodyData("\0new", 4);
+    }
+    ~BodyPartFile() override { qunsetenv("TMPDIR"); }
+
+    static void put(const QString& path, const QByteArray& octets) {
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(octets);
+    }
+    static QByteArray get(const QString& path) {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+    }
+
+    QTemporaryDir outside_;
+    const QString root_;
+    Part part_;
+};
+
+TEST_F(BodyPartFile, IsNamedAfterDisplayNameOrLocation) {
+    const struct {
+        const char *shown, *location, *file;
+    } rows[] = {{"", "dir/a.jpg", "a.jpg"},
+                {"", "b.jpg", "b.jpg"},
+                {"sub/c.jpg", "x", "sub/c.jpg"},
+                {"back\\slash", "x", "back\\slash"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.file);
+        part_.setDispFileName(row.shown);
+        part_.setContentLocation(row.location);
+        put(root_ + '/' + row.file, "something longer");
+        QString path;
+        EXPECT_TRUE(part_.saveBodyDataToFile(path));
+        EXPECT_EQ(path, MMS_UTIL_Common::getTmpDir() + row.file);
+        EXPECT_EQ(get(root_ + '/' + row.file), QByteArray("\0new", 4));
+    }
+    QString path = "untouched";
+    EXPECT_FALSE(Part().saveBodyDataToFile(path));
+    EXPECT_EQ(path, "untouched");
+}
+
+TEST_F(BodyPartFile, NeverLeavesTheTemporaryDirectory) {
+    const QString victim = outside_.filePath("victim");
+    put(victim, "old");
+    ASSERT_TRUE(QFile::link(victim, root_ + "/link"));
+    ASSERT_TRUE(QFile::link(outside_.path(), root_ + "/way"));
+    ASSERT_EQ(::link(QFile::encodeName(victim), QFile::encodeName(root_ + "/twin")), 0);
+    ASSERT_EQ(::mkfifo(QFile::encodeName(root_ + "/pipe"), 0600), 0);
+    QStringList names =
+        QString("../victim sub/../../victim link way/victim way/new twin pipe .. . sub/ sub no/a").split(' ');
+    names << QString("a") + QChar(0);
+    for (const QString& name : std::as_const(names)) {
+        SCOPED_TRACE(name.toStdString());
+        part_.setDispFileName(name);
+        QString path;
+        EXPECT_FALSE(part_.saveBodyDataToFile(path));
+        EXPECT_EQ(path, MMS_UTIL_Common::getTmpDir() + name);
+    }
+    EXPECT_EQ(get(victim), "old");
+    EXPECT_EQ(QDir(outside_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 2);
+    EXPECT_EQ(QDir(root_).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(), 5);
+}

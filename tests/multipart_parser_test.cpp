@@ -1,0 +1,196 @@
+// Header and body joined: parameter lists, received bodies settled, bodies assembled and read again.
+
+#include "multipart/multipart.h"
+#include "multipart/multipart_parser.h"
+#include "platform/utility/msg_header_base.h"
+#include "tests/octets.h"
+
+#include <QElapsedTimer>
+
+namespace {
+
+using Parser = MMS_COMP_SMILMultipartParser;
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+Part* add(MMS_COMP_SMILMultipart& body, const QString& location, const QString& shown = QString()) {
+    auto* part = new Part;
+    part->setContentLocation(location);
+    part->setDispFileName(shown);
+    body.appendBodypart(part);
+    return part;
+}
+
+Part* addSmil(MMS_COMP_SMILMultipart& body, const QString& location) {
+    Part* part = add(body, location);
+    part->setContentType("application");
+    part->setContentSubType("smil");
+    return part;
+}
+
+} // namespace
+
+TEST(MultipartParameters, ValuesAreFoundByPlainSearch) {
+    const struct {
+        const char *params, *start, *type;
+    } rows[] = {{"type=application/smil;start=s1", "s1", "application/smil"},
+                {"start=a", "a", ""},
+                {"", "", ""},
+                {"start=;type=", "", ""},
+                {"subtype=x;type=y", "", "x"}, // also the end of a longer name
+                {"Start=a", "", ""}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.params);
+        EXPECT_EQ(Parser::parseStart(row.params), row.start);
+        EXPECT_EQ(Parser::parseExtType(row.params), row.type);
+    }
+}
+
+TEST(MultipartParameters, StrippingJoinsTheRest) {
+    const struct {
+        const char *params, *rest;
+    } rows[] = {{"a=1;b=2;c=3", "a=1;c=3"},
+                {"b=2;c=3", "c=3"},
+                {"a=1;b=2", "a=1"},
+                {"b=2", ""},
+                {"a=1", "a=1"},
+                {"a=1;;b=2;;c=3", "a=1;;c=3"},
+                {"b=2;;;c=3", ";c=3"},
+                {"a=1;xb=2;b=3", "a=1;x;b=3"}};
+    for (const auto& row : rows)
+        EXPECT_EQ(Parser::stripParam("b", row.params), row.rest) << row.params;
+    EXPECT_EQ(Parser::otherParamListStrExceptStartType("x=1;type=t;y=2;start=s;z=3"), "x=1;y=2;z=3");
+}
+
+TEST(MultipartParser, CodecResults) {
+    const int rows[][2] = {{0, 0},    {1, -19},  {2, -19},  {9, -19},  {10, 0},
+                           {11, -18}, {16, -18}, {17, -20}, {255, -20}};
+    for (const auto& [code, status] : rows)
+        EXPECT_EQ(Parser::handleErr(static_cast<unsigned char>(code)), status) << code;
+}
+
+TEST(MultipartParser, SettlesWhatWasReceived) {
+    const QByteArray octetsOfBody =
+        octets("03 06 01 9E 8E", QByteArray("img\0a", 5)) + // an image with a location,
+        octets("04 01 9E C0 73 00", "b") +                  // one with an id, a text
+        octets("01 01 83", "c");
+    MMS_UTIL_MsgHeaderBase header;
+    header.setContentType({"application", "vnd.wap.multipart.related", "x=1;type=t/u;start=cid:S;y=2"});
+    MMS_COMP_SMILMultipart body;
+    EXPECT_EQ(Parser::parse(octetsOfBody, nullptr, &body), -6);
+    EXPECT_EQ(Parser::parse(octetsOfBody, &header, nullptr), -6);
+    EXPECT_EQ(Parser::parse(octetsOfBody.chopped(2), &header, &body), -19);
+    EXPECT_EQ(body.getPartCount(), 2);
+    EXPECT_EQ(body.getBodypartByIndex(1, false)->getContentLocation(), ""); // not settled yet
+    body.clear();
+    EXPECT_EQ(Parser::parse(octetsOfBody, &header, &body), 0);
+    ASSERT_EQ(body.getPartCount(), 3);
+    EXPECT_EQ(body.getBodypartByIndex(0, false)->getContentLocation(), "img");
+    EXPECT_EQ(body.getBodypartByIndex(0, false)->getDispFileName(), "img");
+    EXPECT_TRUE(body.getBodypartByIndex(1, false)->getContentLocation().startsWith("file0.jp"));
+    EXPECT_EQ(body.getBodypartByIndex(2, false)->getContentLocation(), "file0.txt");
+    EXPECT_EQ(body.getBodypartByIndex(1, false)->getDispFileType(), 0); // what "start" refers to
+    EXPECT_EQ(body.getStart(), "cid:S");
+    EXPECT_EQ(body.getExtType(), "t/u");
+    EXPECT_EQ(body.getOtherContentTypeParam(), "x=1;y=2");
+
+    MMS_COMP_SMILMultipart textual;
+    textual.setBoundary("b");
+    EXPECT_EQ(Parser::parse(octetsOfBody, &header, &textual), 0);
+    EXPECT_EQ(textual.getPartCount(), 0);
+    EXPECT_EQ(textual.getStart(), "");
+}
+
+TEST(MultipartParser, EveryPartGetsALocation) {
+    MMS_COMP_SMILMultipart body;
+    add(body, "has", "shown");
+    add(body, "", "dir/has");
+    add(body, "", "");
+    add(body, "", "");
+    Parser::checkLocation(&body);
+    const char* rows[][2] = {{"has", "shown"}, {"has_0", "dir/has"}, {"file0", "file0"}, {"file1", "file1"}};
+    for (int i = 0; i < 4; ++i) {
+        EXPECT_EQ(body.getBodypartByIndex(i, false)->getContentLocation(), rows[i][0]);
+        EXPECT_EQ(body.getBodypartByIndex(i, false)->getDispFileName(), rows[i][1]);
+    }
+}
+
+TEST(MultipartParser, HundredsOfPartsMayWantOneName) {
+    MMS_COMP_SMILMultipart body;
+    for (int i = 0; i < 255; ++i)
+        add(body, "", "photo.jpg");
+    QElapsedTimer timer;
+    timer.start();
+    Parser::checkLocation(&body);
+    EXPECT_LT(timer.elapsed(), 1000); // some ten milliseconds without a sanitizer
+    EXPECT_EQ(body.getBodypartByIndex(254, false)->getContentLocation(), "photo_253.jpg");
+}
+
+TEST(MultipartParser, AssembledContentTypes) {
+    const struct {
+        const char* name;
+        bool presentation;
+        const char *start, *boundary, *type, *others, *params;
+    } rows[] = {
+        {"related", true, "", "", "", nullptr, "type=application/smil"},
+        {"related, all", true, "s", "b", "x", "o=1", "start=s;boundary=b;type=application/smil;o=1"},
+        {"mixed", false, "", "", "", nullptr, ""},
+        {"mixed, others alone", false, "", "", "", "o=1", "o=1"},
+        {"mixed, boundary", false, "", "b", "", ";o=1", "boundary=b;o=1"},
+        {"mixed, type kept", false, "s", "", "t/u", "", "start=s;type=t/u"},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        MMS_COMP_SMILMultipart body;
+        if (row.presentation)
+            addSmil(body, "p");
+        body.setStart(row.start);
+        body.setBoundary(row.boundary);
+        body.setExtType(row.type);
+        body.setOtherContentTypeParam(row.others);
+        MMS_UTIL_MsgHeaderBase header;
+        int status = 7;
+        const QByteArray encoded = Parser::assembleBody(&body, &header, &status);
+        EXPECT_EQ(status, 0);
+        EXPECT_EQ(static_cast<int>(encoded.at(0)), row.presentation);
+        const MMS_CONTENT_TYPE_T type = header.getContentType();
+        EXPECT_EQ(type.type, "application");
+        EXPECT_EQ(type.subType, row.presentation ? "vnd.wap.multipart.related" : "vnd.wap.multipart.mixed");
+        EXPECT_EQ(type.parameters, row.params);
+    }
+}
+
+TEST(MultipartParser, FailedAssemblyLeavesTheHeader) {
+    MMS_COMP_SMILMultipart body;
+    MMS_UTIL_MsgHeaderBase header;
+    header.setContentType({"a", "b", "c"});
+    int status = 7;
+    EXPECT_TRUE(Parser::assembleBody(nullptr, &header, &status).isNull());
+    EXPECT_EQ(status, -6);
+    EXPECT_TRUE(Parser::assembleBody(&body, nullptr).isNull());
+    qputenv("LUM_MMS_MAX_SIZE_KB", "1"); // more headers than there is room for
+    for (int i = 0; i < 100; ++i)
+        addSmil(body, QString(40, 'x'));
+    EXPECT_TRUE(Parser::assembleBody(&body, &header, &status).isNull());
+    qunsetenv("LUM_MMS_MAX_SIZE_KB");
+    EXPECT_EQ(status, -18);
+    EXPECT_EQ(header.getContentType().subType, "b");
+}
+
+TEST(MultipartParser, WhatIsAssembledIsReadAgain) {
+    MMS_COMP_SMILMultipart sent, received;
+    addSmil(sent, "p.smil")->setContentID("<p>");
+    add(sent, u"bücher.txt"_qs)->setContentType("text");
+    sent.getBodypartByIndex(1, false)->setContentSubType("plain");
+    sent.getBodypartByIndex(1, false)->setBodyData("text\0text", 9);
+    sent.setStart("<p>");
+    MMS_UTIL_MsgHeaderBase header;
+    const QArray<char> octetsOfBody = Parser::assembleBody(&sent, &header);
+    ASSERT_EQ(Parser::parse(octetsOfBody, &header, &received), 0);
+    ASSERT_EQ(received.getPartCount(), 2);
+    EXPECT_EQ(received.getSmilPart(), received.getBodypartByIndex(0, false));
+    EXPECT_EQ(received.getSmilPart()->getContentID(), "<p>");
+    const Part* text = received.getBodypartByIndex(1, false);
+    EXPECT_EQ(text->getContentLocation(), u"bücher.txt"_qs);
+    EXPECT_EQ(QByteArray(text->getBodyData()), QByteArray("text\0text", 9));
+    EXPECT_EQ(text->getMimeFormat(), "text/plain");
+}
