@@ -1,0 +1,144 @@
+#include "smil/model/presentation.h"
+#include "smil/parser/smil_parser.h"
+
+namespace {
+
+constexpr int SCREEN_WIDTH = 120;
+constexpr int SCREEN_HEIGHT = 160;
+
+/// A region of the phone's screen. Both are as high as the whole screen: they are stacked, and "image"
+/// begins at its lower edge.
+struct StandardRegion {
+    float left, top, width, height;
+    QString id;
+};
+
+StandardRegion textRegion() {
+    return {0.0F, 0.0F, SCREEN_WIDTH, SCREEN_HEIGHT, MMS_COMP_SMILData::getTextRegionId()};
+}
+
+StandardRegion imageRegion() {
+    return {0.0F, SCREEN_HEIGHT, SCREEN_WIDTH, SCREEN_HEIGHT, MMS_COMP_SMILData::getImgRegionId()};
+}
+
+void append(MMS_COMP_SMILData& data, const StandardRegion& region) {
+    data.appendRegion(region.left, region.top, region.width, region.height, QStringLiteral("hidden"),
+                      region.id);
+}
+
+/// Renames the region and what refers to it. Region after region, and so deliberately blind to a name
+/// that is both old and new: in a layout of "image" above "text" everything ends up in "image".
+void relabel(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& region, const QString& id) {
+    MMS_COMP_SMILParser::updateObjectRegionId(&data, region.getId(), id);
+    region.setId(id);
+}
+
+void place(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& region, const StandardRegion& standard) {
+    region.setLeft(standard.left);
+    region.setWidth(standard.width);
+    region.setTop(standard.top);
+    region.setHeight(standard.height);
+    relabel(data, region, standard.id);
+}
+
+/// Whether one region begins where another ends, or behind it, give or take a hundredth. The sums are
+/// in single precision and the comparison in double, as the phones calculate.
+bool beginsBehind(float start, float otherStart, float otherExtent) {
+    const float otherEnd = otherStart + otherExtent;
+    const float gap = start - otherEnd;
+    return static_cast<double>(gap) >= -0.01;
+}
+
+bool isRightOf(const MMS_COMP_SMILRegion& region, const MMS_COMP_SMILRegion& other) {
+    return beginsBehind(region.getLeft(), other.getLeft(), other.getWidth());
+}
+
+bool isBelow(const MMS_COMP_SMILRegion& region, const MMS_COMP_SMILRegion& other) {
+    return beginsBehind(region.getTop(), other.getTop(), other.getHeight());
+}
+
+void normaliseTwo(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& first, MMS_COMP_SMILRegion& second) {
+    // The second region becomes the text only if it is to the left of the first. That it lies above the
+    // first does not count, deliberately: then, and if the two overlap, their order decides.
+    const bool inOrder = isRightOf(second, first) || isBelow(second, first) || !isRightOf(first, second);
+    place(data, inOrder ? first : second, textRegion());
+    place(data, inOrder ? second : first, imageRegion());
+}
+
+bool isNamedLike(const MMS_COMP_SMILRegion& region, QLatin1StringView one, QLatin1StringView other) {
+    const QString id = region.getId();
+    return id.contains(one, Qt::CaseInsensitive) || id.contains(other, Qt::CaseInsensitive);
+}
+
+/// The first region but `except` whose id has one of the words in it; `otherwise` if there is none.
+int findNamed(const MMS_COMP_SMILData& data, QLatin1StringView one, QLatin1StringView other, int except,
+              int otherwise) {
+    for (int i = 0; i < data.getRegionCount(); ++i)
+        if (i != except && isNamedLike(*data.getRegion(static_cast<unsigned int>(i)), one, other))
+            return i;
+    return otherwise;
+}
+
+/// Of three or more regions two get the standard names; none is moved.
+void normaliseMany(MMS_COMP_SMILData& data) {
+    const auto region = [&data](int index) -> MMS_COMP_SMILRegion& {
+        return *data.getRegion(static_cast<unsigned int>(index));
+    };
+    const int text = findNamed(data, QLatin1StringView("txt"), QLatin1StringView("text"), -1, 0);
+    relabel(data, region(text), MMS_COMP_SMILData::getTextRegionId());
+    const int neighbour = text + 1 < data.getRegionCount() ? text + 1 : text - 1;
+    const int image = findNamed(data, QLatin1StringView("img"), QLatin1StringView("image"), text, neighbour);
+    relabel(data, region(image), MMS_COMP_SMILData::getImgRegionId());
+}
+
+} // namespace
+
+void MMS_COMP_SMILParser::updateObjectRegionId(MMS_COMP_SMILData* data, const QString& oldId,
+                                               const QString& newId) {
+    if (!data)
+        return;
+    for (int slide = 0; slide < data->getTotalSlidesNum(); ++slide) {
+        for (int i = 0; i < data->getMediaObjectCount(slide); ++i) {
+            MMS_COMP_SMILMediaObject* object = data->getMediaObject(slide, i);
+            if (object->getRegionId() == oldId)
+                object->setRegionId(newId);
+        }
+    }
+}
+
+int MMS_COMP_SMILParser::updateToVarnelioRegion(MMS_COMP_SMILData* data) {
+    if (!data)
+        return 0;
+    switch (data->getRegionCount()) {
+    case 0:
+        append(*data, textRegion());
+        append(*data, imageRegion());
+        break;
+    case 1: {
+        MMS_COMP_SMILRegion& only = *data->getRegion(0);
+        only.setWidth(SCREEN_WIDTH);
+        only.setHeight(SCREEN_HEIGHT);
+        relabel(*data, only, MMS_COMP_SMILData::getTextRegionId());
+        append(*data, imageRegion());
+        break;
+    }
+    case 2:
+        normaliseTwo(*data, *data->getRegion(0), *data->getRegion(1));
+        break;
+    default:
+        normaliseMany(*data);
+    }
+    return 1;
+}
+
+void MMS_COMP_SMILParser::updateToVarnelioRootLayout(MMS_COMP_SMILData* data) {
+    if (!data)
+        return;
+    MMS_COMP_SMILRootLayout* rootLayout = data->getRootLayout();
+    if (!rootLayout) {
+        data->setRootLayout(SCREEN_WIDTH, SCREEN_HEIGHT);
+        return;
+    }
+    rootLayout->setWidth(SCREEN_WIDTH);
+    rootLayout->setHeight(SCREEN_HEIGHT);
+}

@@ -1,0 +1,357 @@
+#include "smil/model/presentation.h"
+#include "smil/model/words.h"
+#include "smil/parser/smil_parser.h"
+#include "smil/parser/xml_limits.h"
+
+#include <QDomDocument>
+#include <QFile>
+#include <QStringDecoder>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace {
+
+constexpr int READ = 0;
+constexpr int ERR_NO_FILE = -1;
+constexpr int ERR_MISSING = -6;
+constexpr int ERR_NOT_WELL_FORMED = -8;
+constexpr int ERR_NOT_SMIL = -9;
+constexpr int ERR_HEAD_BEHIND_BODY = -10;
+constexpr int ERR_SECOND_BODY = -11;
+constexpr int ERR_SECOND_HEAD = -12;
+constexpr int ERR_NO_SLIDE = -15;
+constexpr int ERR_TOO_DEEP = -16;
+constexpr int ERR_NO_REGION = 2;
+
+constexpr int WARNING_NONE = 0;
+constexpr int WARNING_SKIPPED = 1;
+
+constexpr int BARE_ELEMENT_DURATION = 5000;
+constexpr int MAX_TIMING_DEPTH = 10;
+
+// The standard regions letter for letter as the phones of the family write them, and sometimes twice.
+constexpr QLatin1StringView STANDARD_REGIONS[] = {
+    QLatin1StringView(
+        "<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" fit=\"hidden\" />"),
+    QLatin1StringView(
+        "<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" fit=\"hidden\" />"),
+};
+
+/// Removes the first of several equal declarations; one only, however many there are.
+void removeDuplicate(QString& smil, QLatin1StringView declaration) {
+    const qsizetype first = smil.indexOf(declaration);
+    if (first >= 0 && smil.indexOf(declaration, first + declaration.size()) >= 0)
+        smil.remove(first, declaration.size());
+}
+
+/// The text of octets that come without their closing zero, made ready for the XML reader.
+QString repairedText(const QArray<char>& octets) {
+    const qsizetype size = octets.size();
+    QString smil = QString::fromUtf8(octets.data(), octets[size - 1] == '\0' ? size - 1 : size);
+    for (const QLatin1StringView region : STANDARD_REGIONS)
+        removeDuplicate(smil, region);
+    const qsizetype start = smil.indexOf(QLatin1StringView("<smil"));
+    return start > 0 ? smil.sliced(start) : smil;
+}
+
+/// The text of an XML file in the encoding that it shows or declares; nothing if it is not so encoded.
+std::optional<QString> decodedXml(const QByteArray& octets) {
+    QXmlStreamReader start(octets);
+    start.readNext();
+    if (start.hasError())
+        return std::nullopt; // an encoding that nobody knows, or no XML at all
+    const QByteArray declared = start.documentEncoding().toLatin1();
+    const auto shown = QStringConverter::encodingForData(octets, u'<');
+    QStringDecoder decode = shown || declared.isEmpty()
+                                ? QStringDecoder(shown.value_or(QStringConverter::Utf8))
+                                : QStringDecoder(declared.constData());
+    if (!decode.isValid())
+        return std::nullopt;
+    const QString text = decode(octets);
+    return decode.hasError() ? std::nullopt : std::optional(text);
+}
+
+int readDocument(const QString& smil, QDomDocument& document) {
+    if (const int result = checkXmlLimits(smil))
+        return result;
+    return document.setContent(smil) ? READ : ERR_NOT_WELL_FORMED;
+}
+
+bool isMissing(const QDomElement* element) {
+    return !element || element->isNull();
+}
+
+// What a body is made of: the two containers, then the media elements.
+constexpr QLatin1StringView BODY_ELEMENTS[] = {
+    QLatin1StringView("par"), QLatin1StringView("seq"),   QLatin1StringView("text"),
+    QLatin1StringView("img"), QLatin1StringView("audio"), QLatin1StringView("video"),
+    QLatin1StringView("ref"),
+};
+
+bool isPar(const QDomElement& element) {
+    return element.tagName() == BODY_ELEMENTS[0];
+}
+bool isContainer(const QDomElement& element) {
+    return isPar(element) || element.tagName() == BODY_ELEMENTS[1];
+}
+
+} // namespace
+
+int MMS_COMP_SMILParser::parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
+    warning_ = WARNING_NONE;
+    if (!data || smil.isEmpty())
+        return ERR_MISSING;
+    return parseText(repairedText(smil), body, data);
+}
+
+int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
+    warning_ = WARNING_NONE;
+    if (!data)
+        return ERR_MISSING;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return ERR_NO_FILE;
+    // A file is taken as it stands, on purpose: nothing is repaired or passed over.
+    const std::optional<QString> smil = decodedXml(file.readAll());
+    return smil ? parseText(*smil, body, data) : ERR_NOT_WELL_FORMED;
+}
+
+int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* body,
+                                   MMS_COMP_SMILData* data) {
+    QDomDocument document(QStringLiteral("smil"));
+    if (const int result = readDocument(smil, document))
+        return result;
+    QDomElement root = document.documentElement();
+    const int result = parseSmil(&root, body, data);
+    if (result == READ)
+        updateToVarnelioRegion(data);
+    return result;
+}
+
+int MMS_COMP_SMILParser::parseSmil(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                   MMS_COMP_SMILData* data) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    if (element->tagName() != QLatin1StringView("smil"))
+        return ERR_NOT_SMIL;
+    bool headRead = false;
+    bool bodyRead = false;
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        int result = READ;
+        if (child.tagName() == QLatin1StringView("head")) {
+            if (bodyRead)
+                return ERR_HEAD_BEHIND_BODY;
+            if (headRead)
+                return ERR_SECOND_HEAD;
+            headRead = true;
+            result = parseSmilHead(&child, data);
+        } else if (child.tagName() == QLatin1StringView("body")) {
+            if (bodyRead)
+                return ERR_SECOND_BODY;
+            bodyRead = true;
+            result = parseSmilBody(&child, body, data);
+        } else {
+            warning_ = WARNING_SKIPPED;
+        }
+        if (result != READ)
+            return result;
+    }
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseSmilHead(QDomElement* element, MMS_COMP_SMILData* data) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    bool layoutRead = false;
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        int result = READ;
+        if (child.tagName() == QLatin1StringView("meta")) {
+            result = parseSmilMeta(&child, data);
+        } else if (child.tagName() == QLatin1StringView("layout") && !layoutRead) {
+            layoutRead = true;
+            result = parseSmilLayout(&child, data);
+        } else {
+            return READ; // the rest of the head is of no use, and no warning is given
+        }
+        if (result != READ)
+            return result;
+    }
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseSmilMeta(QDomElement* element, MMS_COMP_SMILData* data) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    data->appendMeta(element->attribute(QStringLiteral("name")),
+                     element->attribute(QStringLiteral("content")));
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseSmilLayout(QDomElement* element, MMS_COMP_SMILData* data) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    // Read are regions, the first root layout and regions again. What else stands there is passed over
+    // with a warning: an unknown element, the one region right behind it, any further root layout.
+    bool rootLayoutRead = false;
+    bool behindUnknown = false;
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        const bool isRegion = child.tagName() == QLatin1StringView("region");
+        const bool isRootLayout = child.tagName() == QLatin1StringView("root-layout");
+        int result = READ;
+        if (isRegion && !behindUnknown) {
+            result = parseSmilRegion(&child, data);
+        } else if (isRootLayout && !rootLayoutRead) {
+            rootLayoutRead = true;
+            result = parseSmilRootLayout(&child, data);
+        } else {
+            warning_ = WARNING_SKIPPED;
+        }
+        behindUnknown = !isRegion && !isRootLayout;
+        if (result != READ)
+            return result;
+    }
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseSmilRootLayout(QDomElement* element, MMS_COMP_SMILData* data) {
+    return isMissing(element) || !data ? ERR_MISSING : data->setRootLayout(element);
+}
+
+int MMS_COMP_SMILParser::parseSmilRegion(QDomElement* element, MMS_COMP_SMILData* data) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    const QString left = element->attribute(QStringLiteral("left"));
+    const QString top = element->attribute(QStringLiteral("top"));
+    const QString height = element->attribute(QStringLiteral("height"));
+    const QString width = element->attribute(QStringLiteral("width"));
+    const QString fit = element->attribute(QStringLiteral("fit"));
+    const QString id = element->attribute(QStringLiteral("id"));
+    return data->appendRegion(left, top, width, height, fit, id) ? READ : ERR_NO_REGION;
+}
+
+int MMS_COMP_SMILParser::parseSmilBody(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                       MMS_COMP_SMILData* data) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    int depth = 0;
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        int result = READ;
+        if (isContainer(child))
+            result = readContainer(&child, body, data, depth);
+        else if (isValidBodyElement(&child))
+            result = readMedia(&child, body, data, true, BARE_ELEMENT_DURATION);
+        if (result != READ)
+            return result;
+    }
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseSmilSeq(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                      MMS_COMP_SMILData* data, int& depth) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    const int duration = parseDur(element->attribute(QStringLiteral("dur")));
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        int result = READ;
+        if (isContainer(child))
+            result = readContainer(&child, body, data, depth);
+        else if (isValidBodyElement(&child))
+            result = readMedia(&child, body, data, true, duration);
+        if (result != READ)
+            return result;
+    }
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseSmilPar(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                      MMS_COMP_SMILData* data, int& depth) {
+    if (isMissing(element) || !data)
+        return ERR_MISSING;
+    const int duration = parseDur(element->attribute(QStringLiteral("dur")));
+    MMS_COMP_SMILTimingContainer* slide = data->appendSlide();
+    if (!slide)
+        return ERR_NO_SLIDE;
+    slide->setDur(duration);
+    bool newSlide = false;
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement()) {
+        int result = READ;
+        if (isContainer(child)) {
+            result = readContainer(&child, body, data, depth);
+            newSlide = true; // the last slide is now the inner container's
+        } else if (isValidBodyElement(&child)) {
+            result = readMedia(&child, body, data, newSlide, duration);
+            newSlide = false; // also when the element's content was missing and it was passed over
+        }
+        if (result != READ)
+            return result;
+    }
+    return READ;
+}
+
+/// Reads a `seq` or `par` that stands within `depth` others.
+int MMS_COMP_SMILParser::readContainer(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                       MMS_COMP_SMILData* data, int& depth) {
+    if (depth >= MAX_TIMING_DEPTH)
+        return ERR_TOO_DEEP;
+    ++depth;
+    const int result =
+        isPar(*element) ? parseSmilPar(element, body, data, depth) : parseSmilSeq(element, body, data, depth);
+    --depth;
+    return result;
+}
+
+/// Adds a media element to the document. One that the document passes over is no error but a warning.
+int MMS_COMP_SMILParser::readMedia(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                   MMS_COMP_SMILData* data, bool newSlide, int duration) {
+    MMS_COMP_SMILMediaObject* object = nullptr;
+    const int result = data->appendElementObject(element, body, newSlide, duration, &object);
+    if (result == READ)
+        return parseMediaObjectParam(element, object);
+    if (result < READ)
+        return result;
+    warning_ = result;
+    return READ;
+}
+
+int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement* element, MMS_COMP_SMILMediaObject* object) {
+    if (isMissing(element) || !object)
+        return ERR_MISSING;
+    for (QDomElement child = element->firstChildElement(); !child.isNull();
+         child = child.nextSiblingElement())
+        if (child.tagName() != QLatin1StringView("param"))
+            warning_ = WARNING_SKIPPED;
+    return READ;
+}
+
+bool MMS_COMP_SMILParser::isValidBodyElement(QDomElement* element) {
+    if (isMissing(element))
+        return false;
+    const QString tag = element->tagName();
+    return std::any_of(std::begin(BODY_ELEMENTS), std::end(BODY_ELEMENTS),
+                       [&tag](QLatin1StringView known) { return tag == known; });
+}
+
+QDomNode MMS_COMP_SMILParser::getNextSibling(QDomNode node) {
+    return node.nextSibling();
+}
+
+MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE MMS_COMP_SMILParser::getTypeEnum(const QString& word) {
+    for (const MediaKind& kind : mediaKinds)
+        if (kind.type != MMS_COMP_SMIL_MEDIA_REF && word == kind.contentType)
+            return kind.type;
+    return MMS_COMP_SMIL_MEDIA_OTHER;
+}
+
+QString MMS_COMP_SMILParser::getMimeTypeStr(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) {
+    const MediaKind* kind = type == MMS_COMP_SMIL_MEDIA_REF ? nullptr : mediaKindOfType(type);
+    return kind ? QString(kind->contentType) : QStringLiteral("");
+}

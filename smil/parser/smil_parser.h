@@ -1,0 +1,119 @@
+#pragma once
+
+#include "platform/export.h"
+#include "qt2/qarray.h"
+
+#include <QDomElement>
+#include <QDomNode>
+#include <QString>
+
+class MMS_COMP_SMILData;
+class MMS_COMP_SMILMediaObject;
+class MMS_COMP_SMILMultipart;
+struct MMS_COMP_COLOR;
+struct MMS_COMP_SMIL_TIME;
+enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int;
+
+/// Reads SMIL presentations into a document, lays them out for the phone's screen and writes them.
+///
+/// A parser keeps nothing but its last warning: it is cheap to make and may read many documents in
+/// turn. Nothing that is handed to it changes its owner, and it owns nothing.
+///
+/// The reading members give a status, 0 for success; the first other one ends the reading, and the
+/// document keeps what was added before it:
+///
+/// | status | meaning |
+/// |---|---|
+/// | -1 | the file cannot be opened |
+/// | -6 | an argument is missing, the text is empty, or a node is no element |
+/// | -8 | not well-formed XML, or built to exhaust the reader |
+/// | -9 | the root element is not "smil" |
+/// | -10 | a `head` behind the `body` |
+/// | -11 | a second `body` |
+/// | -12 | a second `head` |
+/// | -15 | no memory for a slide |
+/// | -16 | `seq` and `par` nested deeper than 10, or elements of any kind deeper than 128 |
+/// | 2 | a region cannot be added |
+/// | other | what the document's setRootLayout() or appendElementObject() gave |
+class LUM_EXPORT MMS_COMP_SMILParser {
+public:
+    MMS_COMP_SMILParser() = default;
+
+    /// Reads the UTF-8 text `smil` into `data`, binds its media objects to the parts of `body` and
+    /// normalises the layout with updateToVarnelioRegion(). What stands before "<smil" is passed over,
+    /// one closing zero octet is ignored, and a second copy of a standard region is dropped.
+    /// Without a `body` no media object has content, so none is added.
+    int parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    /// The same for the file at `path`, whose text must be an XML document as it stands.
+    int parse(const QString& path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    /// What the last parse() passed over: 0 nothing; 1 an element that has no place where it stood;
+    /// 3 a media element whose content is missing; another positive value as the document gave it.
+    int getLastWarning() const { return warning_; }
+
+    /// Reads the root element: a `head` and a `body`, each at most once and in this order.
+    int parseSmil(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    /// Reads a `head`: `meta` elements, a `layout`, `meta` elements. Anything else ends the head.
+    int parseSmilHead(QDomElement* element, MMS_COMP_SMILData* data);
+    /// Reads one `meta` element.
+    int parseSmilMeta(QDomElement* element, MMS_COMP_SMILData* data);
+    /// Reads a `layout`: regions, a root layout, regions. Anything else sets warning 1.
+    int parseSmilLayout(QDomElement* element, MMS_COMP_SMILData* data);
+    /// Hands a `root-layout` element to the document and gives its result.
+    int parseSmilRootLayout(QDomElement* element, MMS_COMP_SMILData* data);
+    /// Adds a `region`; 2 when the document refuses it.
+    int parseSmilRegion(QDomElement* element, MMS_COMP_SMILData* data);
+    /// Reads a `body`; a media element standing directly in it becomes a slide of 5 seconds.
+    int parseSmilBody(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    /// Reads a `seq`, each media element of which is a slide of the seq's duration. `depth` is the
+    /// number of `seq` and `par` elements around its children, 1 for one directly in the body.
+    int parseSmilSeq(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, int& depth);
+    /// Reads a `par`, which is one slide of its duration; `depth` as for parseSmilSeq().
+    int parseSmilPar(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, int& depth);
+    /// Checks the children of a media element that gave `object`: any but `param` sets warning 1.
+    int parseMediaObjectParam(QDomElement* element, MMS_COMP_SMILMediaObject* object);
+
+    /// Whether the element is one that a body is made of: par, seq, text, img, audio, video or ref.
+    static bool isValidBodyElement(QDomElement* element);
+    /// The next node on the same level; a null node behind the last.
+    static QDomNode getNextSibling(QDomNode node);
+    /// The kind of media named by the first word of a MIME type, in lower case: "audio", "video",
+    /// "text" or "image". Any other word, "img" too, gives 5; 4 (ref) has no word.
+    static MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE getTypeEnum(const QString& word);
+    /// The word of a kind of media, the inverse of getTypeEnum(); empty for a kind that has none.
+    static QString getMimeTypeStr(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
+
+    /// A duration in milliseconds: -1 for an empty text, -2 for "indefinite", and the default of
+    /// 5000 for a text that cannot be read. Read are a number with the unit "min", "ms", "s" or "h",
+    /// and minutes:seconds.milliseconds. The text is not trimmed.
+    static int parseDur(const QString& text);
+    /// Reads the begin or end of a media object into `time`: what parseDur() reads, or a place
+    /// relative to another element, as in "id(a)(begin)", "id(a)(end)" or "id(a)(2s)". An empty text
+    /// sets type 2, an unreadable one type 3. A missing `time` is ignored.
+    static void parseTime(const QString& text, MMS_COMP_SMIL_TIME* time);
+    /// Reads a colour into `color`: one of sixteen names, "#rrggbb", or "#rgb" whose digits are the
+    /// components themselves (#fff is 15, 15, 15). The outcome is the record's kind: 0 for an empty
+    /// text, 1 named, 2 numeric, 3 unreadable.
+    static void parseColor(const QString& text, MMS_COMP_COLOR& color);
+
+    /// Gives the document the phone's two regions, "text" above "image", and moves the media objects'
+    /// references along. 1 when done, 0 without a document.
+    static int updateToVarnelioRegion(MMS_COMP_SMILData* data);
+    /// Makes the root layout 120 wide and 160 high, or creates it so. Not part of parse(): call it
+    /// before composing a new presentation.
+    static void updateToVarnelioRootLayout(MMS_COMP_SMILData* data);
+    /// Makes every media object that refers to the region `oldId` refer to `newId`.
+    static void updateObjectRegionId(MMS_COMP_SMILData* data, const QString& oldId, const QString& newId);
+
+    /// The document as SMIL text; empty without a document. Values are copied as they are, so a
+    /// quote or "<" in one gives a text that cannot be read, and so does a background colour.
+    static QString convertToSMILLang(MMS_COMP_SMILData* data);
+
+private:
+    int parseText(const QString& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    int readContainer(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data,
+                      int& depth);
+    int readMedia(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, bool newSlide,
+                  int duration);
+
+    int warning_ = 0;
+};

@@ -1,0 +1,200 @@
+#include "smil/model/color.h"
+#include "smil/model/smil_time.h"
+#include "smil/parser/smil_parser.h"
+
+#include <QStringView>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+
+namespace {
+
+constexpr int DURATION_NOT_GIVEN = -1;
+constexpr int DURATION_INDEFINITE = -2;
+constexpr int DEFAULT_DURATION = 5000;
+
+constexpr qint32 AT_BEGIN = 0;
+constexpr qint32 AT_END = -1;
+
+constexpr qint32 LEAST_TIME = std::numeric_limits<qint32>::min();
+constexpr qint32 GREATEST_TIME = std::numeric_limits<qint32>::max();
+
+struct NamedColor {
+    QLatin1StringView name;
+    int red, green, blue;
+};
+
+constexpr NamedColor NAMED_COLORS[] = {
+    {QLatin1StringView("aqua"), 0, 255, 255},     {QLatin1StringView("black"), 0, 0, 0},
+    {QLatin1StringView("blue"), 0, 0, 255},       {QLatin1StringView("fuchsia"), 255, 0, 255},
+    {QLatin1StringView("gray"), 128, 128, 128},   {QLatin1StringView("green"), 0, 128, 0},
+    {QLatin1StringView("lime"), 0, 255, 0},       {QLatin1StringView("maroon"), 128, 0, 0},
+    {QLatin1StringView("navy"), 0, 0, 128},       {QLatin1StringView("olive"), 128, 128, 0},
+    {QLatin1StringView("purple"), 128, 0, 128},   {QLatin1StringView("red"), 255, 0, 0},
+    {QLatin1StringView("silver"), 192, 192, 192}, {QLatin1StringView("teal"), 0, 128, 128},
+    {QLatin1StringView("white"), 255, 255, 255},  {QLatin1StringView("yellow"), 255, 255, 0},
+};
+
+/// A unit of time, and the factors that lead from it to milliseconds, applied one after the other.
+struct TimeUnit {
+    QLatin1StringView suffix;
+    float factors[3];
+};
+
+// "min" and "ms" stand before "s", which would match the end of "ms" too.
+constexpr TimeUnit TIME_UNITS[] = {
+    {QLatin1StringView("min"), {60.0F, 1000.0F, 1.0F}},
+    {QLatin1StringView("ms"), {1.0F, 1.0F, 1.0F}},
+    {QLatin1StringView("s"), {1000.0F, 1.0F, 1.0F}},
+    {QLatin1StringView("h"), {60.0F, 60.0F, 1000.0F}},
+};
+
+/// QStringView::toFloat(), with a short way for the whole numbers that phones write: up to seven digits
+/// are exact in single precision, and the general conversion takes thirty times as long.
+float toFloat(QStringView number, bool& ok) {
+    constexpr qsizetype exactDigits = 7;
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    if (number.isEmpty() || number.size() > exactDigits ||
+        !std::all_of(number.begin(), number.end(), isDigit))
+        return number.toFloat(&ok);
+    int value = 0;
+    for (const QChar digit : number)
+        value = value * 10 + (digit.unicode() - u'0');
+    ok = true;
+    return static_cast<float>(value);
+}
+
+/// Single precision throughout, as the phones calculate; what no 32-bit integer holds is clamped.
+std::optional<qint32> scaled(QStringView number, const float (&factors)[3]) {
+    bool ok = false;
+    float value = toFloat(number, ok);
+    if (!ok || std::isnan(value))
+        return std::nullopt;
+    for (const float factor : factors)
+        value *= factor;
+    if (value >= -static_cast<float>(LEAST_TIME))
+        return GREATEST_TIME;
+    return value <= static_cast<float>(LEAST_TIME) ? LEAST_TIME : static_cast<qint32>(value);
+}
+
+std::optional<qint32> timeWithUnit(QStringView text) {
+    for (const TimeUnit& unit : TIME_UNITS)
+        if (text.endsWith(unit.suffix))
+            return scaled(text.chopped(unit.suffix.size()), unit.factors);
+    return std::nullopt; // a bare number has no meaning, on purpose
+}
+
+/// Minutes:seconds.fraction, the fraction being milliseconds as it stands: 0:01.5 is 1005. It has to
+/// be there, on purpose: 1:30 is no time.
+std::optional<qint32> clockTime(QStringView text) {
+    const qsizetype colon = text.indexOf(u':');
+    const QStringView rest = text.sliced(colon + 1);
+    const qsizetype point = rest.indexOf(u'.');
+    if (point <= 0)
+        return std::nullopt;
+    bool minutesOk = false;
+    bool secondsOk = false;
+    bool fractionOk = false;
+    const qint64 minutes = text.first(colon).toInt(&minutesOk);
+    const qint64 seconds = rest.first(point).toInt(&secondsOk);
+    const qint64 fraction = rest.sliced(point + 1).left(3).toInt(&fractionOk);
+    if (!minutesOk || !secondsOk || !fractionOk)
+        return std::nullopt;
+    const qint64 value = fraction + 1000 * (seconds + 60 * minutes);
+    return static_cast<qint32>(std::clamp<qint64>(value, LEAST_TIME, GREATEST_TIME));
+}
+
+/// The milliseconds that a text means, shared by durations and by begin and end times.
+std::optional<qint32> scanTime(QStringView text) {
+    switch (text.count(u':')) {
+    case 0:
+        return timeWithUnit(text);
+    case 1:
+        return clockTime(text);
+    default:
+        return std::nullopt; // hours:minutes:seconds is not read, on purpose
+    }
+}
+
+/// "#rgb" or "#rrggbb". The digit of the short form is the component itself, not doubled, on purpose.
+bool readHexColor(QStringView text, QColor& color) {
+    const qsizetype digits = text.size() == 4 ? 1 : 2;
+    int components[3] = {};
+    for (qsizetype i = 0; i < 3; ++i) {
+        bool ok = false;
+        const int component = text.sliced(1 + i * digits, digits).toInt(&ok, 16);
+        if (!ok || component < 0 || component > 255)
+            return false;
+        components[i] = component;
+    }
+    color.setRgb(components[0], components[1], components[2]);
+    return true;
+}
+
+} // namespace
+
+int MMS_COMP_SMILParser::parseDur(const QString& text) {
+    if (text.isEmpty())
+        return DURATION_NOT_GIVEN;
+    if (text == QLatin1StringView("indefinite"))
+        return DURATION_INDEFINITE;
+    return scanTime(text).value_or(DEFAULT_DURATION);
+}
+
+void MMS_COMP_SMILParser::parseTime(const QString& text, MMS_COMP_SMIL_TIME* time) {
+    if (!time)
+        return;
+    if (text.isEmpty()) {
+        time->type = MMS_COMP_SMIL_TIME_UNSPECIFIED;
+        return;
+    }
+    QStringView rest = text;
+    if (text.startsWith(QLatin1StringView("id("))) {
+        const qsizetype close = rest.indexOf(u')');
+        const qsizetype end = close < 0 ? rest.size() : close;
+        time->type = MMS_COMP_SMIL_TIME_EVENT;
+        time->id = rest.first(end).sliced(3).toString();
+        rest = rest.sliced(close < 0 ? end : end + 1);
+        const bool atBegin = rest.contains(QLatin1StringView("begin"));
+        if (atBegin || rest.contains(QLatin1StringView("end"))) {
+            time->value = atBegin ? AT_BEGIN : AT_END;
+            return;
+        }
+        // The parentheses around the offset, taken off whatever they are.
+        rest.chop(std::min<qsizetype>(rest.size(), 1));
+        rest = rest.sliced(std::min<qsizetype>(rest.size(), 1));
+    } else {
+        time->type = MMS_COMP_SMIL_TIME_OFFSET;
+        time->id = QStringLiteral("");
+    }
+    if (const std::optional<qint32> value = scanTime(rest))
+        time->value = *value;
+    else
+        time->type = MMS_COMP_SMIL_TIME_INVALID;
+}
+
+void MMS_COMP_SMILParser::parseColor(const QString& text, MMS_COMP_COLOR& color) {
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty()) {
+        color.kind = 0;
+        return;
+    }
+    for (const NamedColor& named : NAMED_COLORS) {
+        if (trimmed == named.name) {
+            color.kind = 1;
+            color.text = named.name;
+            color.color.setRgb(named.red, named.green, named.blue);
+            return;
+        }
+    }
+    color.kind = 3;
+    if (trimmed.startsWith(u'#') && (trimmed.size() == 4 || trimmed.size() == 7)) {
+        color.text = QStringLiteral("");
+        color.kind = readHexColor(trimmed, color.color) ? 2 : 3;
+    } else if (trimmed.startsWith(QLatin1StringView("rgb(")) && !trimmed.contains(u'%')) {
+        // Known as a form, but no phone of the family reads it: the colour stays what it was.
+        color.text = QStringLiteral("");
+    }
+}
