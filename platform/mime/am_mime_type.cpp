@@ -1,5 +1,6 @@
 #include "platform/mime/am_mime_type.h"
 
+#include <QFileInfo>
 #include <QMimeDatabase>
 
 #include <algorithm>
@@ -66,6 +67,24 @@ constexpr PhoneType PHONE_TYPES[] = {
     {"video/mpeg", "mpeg mpg"},
 };
 
+struct PhoneFile {
+    const char* extension;
+    const char* mimeId;
+};
+
+/// Files that the system's MIME database does not know, or whose type has another name in messages.
+constexpr PhoneFile PHONE_FILES[] = {
+    {"dcf", "application/vnd.oma.drm.content"},
+    {"dm", "application/vnd.oma.drm.message"},
+    {"imy", "audio/imelody"},
+    {"mms", "application/vnd.wap.mms-message"},
+    {"qcp", "audio/qcelp"},
+    {"smi", "application/smil"},
+    {"smil", "application/smil"},
+    {"vcf", "text/x-vcard"},
+    {"vcs", "text/x-vcalendar"},
+};
+
 } // namespace
 
 const AM_MimeType* AM_MimeType::instance() {
@@ -83,4 +102,17 @@ QStringList AM_MimeType::getExtListByMimeId(const QString& mimeId) const {
                      [&id](const PhoneType& type) { return id == QLatin1String(type.mimeId); });
     return found == std::end(PHONE_TYPES) ? QStringList()
                                           : QString::fromLatin1(found->extensions).split(u' ');
+}
+
+QString AM_MimeType::getMimeIdByFile(const QString& fileName, QByteArrayView octets) const {
+    const QString extension = QFileInfo(fileName).suffix().toLower();
+    for (const PhoneFile& file : PHONE_FILES)
+        if (extension == QLatin1String(file.extension))
+            return QString::fromLatin1(file.mimeId);
+    const QMimeDatabase system;
+    if (octets.isEmpty()) // the system has a type of its own for empty files
+        return system.mimeTypeForFile(fileName, QMimeDatabase::MatchExtension).name().toLower();
+    constexpr qsizetype looked = 16 * 1024; // as far as the database's signatures reach
+    const QByteArray begin = octets.first(std::min(octets.size(), looked)).toByteArray();
+    return system.mimeTypeForFileNameAndData(fileName, begin).name().toLower();
 }

@@ -1,0 +1,148 @@
+// lummms shows, checks and makes multimedia messages from a shell. Each command is a file of its own;
+// here is only what they share: finding the command, its options, and its help.
+
+#include "tools/lummms/command.h"
+#include "tools/lummms/message.h"
+#include "tools/lummms/terminal.h"
+
+#include <algorithm>
+
+namespace {
+
+QList<Command> allCommands() {
+    return {showCommand(), smilCommand()};
+}
+
+QString overview(const QList<Command>& commands) {
+    QString text = QStringLiteral("lummms shows, checks and makes multimedia messages (MMS).\n\n"
+                                  "Usage: lummms COMMAND ...\n\nCommands:\n");
+    for (const Command& command : commands)
+        text += QStringLiteral("  %1  %2\n").arg(command.name.leftJustified(8), command.summary);
+    return text +
+           QStringLiteral("  help      Shows this text, or with a command's name the help of that "
+                          "command.\n\n"
+                          "lummms COMMAND --help tells all about a command.\n\n"
+                          "Exit status: 0 done; 1 the input is malformed, what could be read was still "
+                          "used;\n2 wrong usage, or a file that cannot be read or written.\n");
+}
+
+/// An option as it is typed: "-o, --output FILE".
+QString typed(const QCommandLineOption& option) {
+    QStringList names;
+    for (const QString& name : option.names())
+        names += (name.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + name;
+    const QString value = option.valueName();
+    return names.join(QStringLiteral(", ")) + (value.isEmpty() ? value : u' ' + value);
+}
+
+QString help(const Command& command) {
+    QString text = command.summary + QStringLiteral("\n\n");
+    for (const QString& usage : command.usage)
+        text += QStringLiteral("Usage: lummms %1 %2\n").arg(command.name, usage);
+    text += u'\n' + command.description + QStringLiteral("\nOptions:\n");
+    QList<std::pair<QString, QString>> rows;
+    for (const QCommandLineOption& option : command.options)
+        rows += {typed(option), option.description()};
+    rows += {QStringLiteral("--help"), QStringLiteral("Shows this text.")};
+    qsizetype width = 0;
+    for (const auto& row : rows)
+        width = std::max(width, row.first.size());
+    for (const auto& [option, description] : rows)
+        text += QStringLiteral("  %1  %2\n").arg(option.leftJustified(width), description);
+    return text;
+}
+
+/// Takes the many-valued option out of the arguments: its values are all that follow it up to the next
+/// option, which QCommandLineParser cannot read.
+QList<QStringList> takeGroups(QStringList& arguments, const QString& name) {
+    QList<QStringList> groups;
+    if (name.isEmpty())
+        return groups;
+    const QString option = QStringLiteral("--") + name;
+    QStringList others;
+    bool inGroup = false;
+    for (qsizetype i = 0; i < arguments.size(); ++i) {
+        const QString& argument = arguments.at(i);
+        if (argument == QLatin1String("--")) { // from here on all are file names
+            others += arguments.mid(i);
+            break;
+        }
+        if (argument == option) {
+            groups += QStringList();
+            inGroup = true;
+        } else if (inGroup && !argument.startsWith(u'-')) {
+            groups.last() += argument;
+        } else {
+            inGroup = false;
+            others += argument;
+        }
+    }
+    arguments = others;
+    return groups;
+}
+
+int misused(const Command& command, const QString& cause) {
+    complain(command.name, QStringLiteral("%1 (lummms %2 --help tells more)").arg(cause, command.name));
+    return EXIT_UNUSABLE;
+}
+
+int run(const Command& command, QStringList arguments) {
+    CommandLine line;
+    line.groups = takeGroups(arguments, command.manyValued);
+    const QCommandLineOption helpOption(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    line.options.addOptions(command.options);
+    line.options.addOption(helpOption);
+    // parse() and not process(), which would end the program with a status of its own
+    const bool understood = line.options.parse(QStringList(command.name) + arguments);
+    if (line.options.isSet(helpOption)) {
+        print(help(command));
+        return EXIT_DONE;
+    }
+    if (!understood)
+        return misused(command, line.options.errorText());
+    line.files = line.options.positionalArguments();
+    if (line.files.size() < command.arguments.size())
+        return misused(command, command.arguments.at(line.files.size()) + QStringLiteral(" is missing"));
+    if (line.files.size() > command.arguments.size())
+        return misused(
+            command, QStringLiteral("unexpected argument '%1'").arg(line.files.at(command.arguments.size())));
+    return command.run(line);
+}
+
+int runNamed(QStringList arguments) {
+    const QList<Command> commands = allCommands();
+    if (arguments.isEmpty()) {
+        complain(QString(), QStringLiteral("no command given (lummms help tells more)"));
+        return EXIT_UNUSABLE;
+    }
+    QString name = arguments.takeFirst();
+    const bool wantsHelp =
+        name == QLatin1String("help") || name == QLatin1String("--help") || name == QLatin1String("-h");
+    if (wantsHelp && arguments.isEmpty()) {
+        print(overview(commands));
+        return EXIT_DONE;
+    }
+    if (wantsHelp) {
+        name = arguments.first();
+        arguments = {QStringLiteral("--help")};
+    }
+    for (const Command& command : commands)
+        if (command.name == name)
+            return run(command, arguments);
+    complain(name, QStringLiteral("no such command (lummms help tells more)"));
+    return EXIT_UNUSABLE;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += QString::fromLocal8Bit(argv[i]);
+    const int status = runNamed(arguments);
+    if (!printedAll()) {
+        complain(QStringLiteral("standard output"), QStringLiteral("cannot be written"));
+        return EXIT_UNUSABLE;
+    }
+    return status;
+}

@@ -1,0 +1,96 @@
+#include "tools/lummms/message.h"
+
+#include "codec/codec_result.h"
+#include "codec/ua_decoder.h"
+#include "multipart/body_part.h"
+#include "multipart/multipart_parser.h"
+#include "smil/parser/smil_parser.h"
+#include "tools/lummms/terminal.h"
+#include "tools/lummms/words.h"
+#include "util/lowered.h"
+#include "util/mms_comp_util.h"
+
+#include <QFileInfo>
+#include <QStringList>
+
+#include <limits>
+
+QString whyNotOpened(const QString& path) {
+    const QFileInfo info(path);
+    if (!info.exists())
+        return QStringLiteral("no such file");
+    if (info.isDir())
+        return QStringLiteral("is a directory");
+    return QStringLiteral("cannot be opened");
+}
+
+bool loadFile(const QString& path, QArray<char>& octets, QString& cause) {
+    const int status = MMS_COMP_Util::getQByteArraySrcByFileName(octets, path, false);
+    if (status == MMS_COMP_Util::FILE_NOT_OPENED)
+        cause = whyNotOpened(path);
+    else if (status != MMS_COMP_Util::FILE_READ)
+        cause = QStringLiteral("cannot be read");
+    else if (octets.size() > std::numeric_limits<int>::max())
+        cause = QStringLiteral("larger than any message");
+    else
+        return true;
+    return false;
+}
+
+bool isMultipart(const MMS_CONTENT_TYPE_T& type) {
+    return equalLowered(type.type, u"multipart") ||
+           type.subType.startsWith(QLatin1String("vnd.wap.multipart."), Qt::CaseInsensitive);
+}
+
+bool Message::read(const QString& path, QString& cause) {
+    if (!loadFile(path, octets_, cause))
+        return false;
+    auto length = static_cast<unsigned int>(octets_.size());
+    MMS_UA_Decoder decoder;
+    result = decoder.decodeHeader(reinterpret_cast<unsigned char*>(octets_.data()), length, &header);
+    hasBody = result == CODEC_READ && header.fieldsPresent(presenceBit(FIELD_CONTENT_TYPE)) &&
+              isMultipart(header.getContentType());
+    if (hasBody)
+        bodyStatus = MMS_COMP_SMILMultipartParser::parse(bodyOctets(), &header, &body);
+    return true;
+}
+
+void Message::readPresentation() {
+    smilPart = hasBody ? body.getSmilPart() : nullptr;
+    if (!smilPart)
+        return;
+    MMS_COMP_SMILParser parser;
+    smilStatus = parser.parse(smilPart->getBodyData(), &body, &presentation);
+    smilWarning = parser.getLastWarning();
+}
+
+QString Message::causeOfMalformation() const {
+    QStringList causes;
+    if (result != CODEC_READ)
+        causes += QStringLiteral("header ") + explained(codecResultWords, "result", result);
+    if (bodyStatus)
+        causes += QStringLiteral("body ") + explained(bodyStatusWords, "status", bodyStatus);
+    if (smilStatus)
+        causes += QStringLiteral("presentation: ") + explained(smilStatusWords, "status", smilStatus);
+    return causes.join(QStringLiteral("; "));
+}
+
+int Message::verdict(const QString& path) const {
+    const QString cause = causeOfMalformation();
+    if (cause.isEmpty())
+        return EXIT_DONE;
+    complain(path, cause);
+    return EXIT_MALFORMED;
+}
+
+qint64 Message::bodyOffset() const {
+    return octets_.size() - static_cast<qint64>(header.bodyLength);
+}
+
+QArray<char> Message::bodyOctets() const {
+    QArray<char> octets;
+    if (header.bodyStart)
+        octets.duplicate(reinterpret_cast<const char*>(header.bodyStart),
+                         static_cast<qsizetype>(header.bodyLength));
+    return octets;
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "codec/ua_msg.h"
+#include "multipart/multipart.h"
+#include "qt2/qarray.h"
+#include "smil/model/presentation.h"
+
+#include <QString>
+
+class MMS_COMP_SMILMultipartBodypart;
+
+/// What lummms ends with.
+enum EXIT_STATUS : int {
+    EXIT_DONE = 0,      ///< done
+    EXIT_MALFORMED = 1, ///< the input is malformed; what could be read was still used
+    EXIT_UNUSABLE = 2,  ///< wrong usage, or a file that cannot be read or written
+};
+
+/// Reads a file into `octets`. False, with the reason in `cause`, when it cannot be read.
+bool loadFile(const QString& path, QArray<char>& octets, QString& cause);
+
+/// Why no file can be opened at that path, for a message to the user.
+QString whyNotOpened(const QString& path);
+
+/// Whether a content type is that of a body made of parts.
+bool isMultipart(const MMS_CONTENT_TYPE_T& type);
+
+/// A message read from a PDU file: what an application makes of the octets that came over the air.
+class Message {
+public:
+    /// Reads file, header and body. False, with the reason in `cause`, when the file cannot be read;
+    /// what is wrong inside the message is kept for causeOfMalformation().
+    bool read(const QString& path, QString& cause);
+    /// Reads the presentation, if there is one. The reader marks the parts that it links to slides, so
+    /// whoever wants to see the parts as they came looks at them before.
+    void readPresentation();
+
+    /// What kept the message from being read whole; empty for a sound message.
+    QString causeOfMalformation() const;
+    /// Complains about a malformed message, and gives the exit status that the message deserves.
+    int verdict(const QString& path) const;
+
+    /// Octets of the header, that is the place of the body in the PDU.
+    qint64 bodyOffset() const;
+    /// The body's octets, shared with nobody.
+    QArray<char> bodyOctets() const;
+
+    MMS_UA_UAMsg header;
+    int result = 0;       ///< the header decoder's
+    bool hasBody = false; ///< whether there is a body made of parts
+    MMS_COMP_SMILMultipart body;
+    int bodyStatus = 0;
+    /// The part with the presentation; null when there is none, or before readPresentation().
+    MMS_COMP_SMILMultipartBodypart* smilPart = nullptr;
+    MMS_COMP_SMILData presentation{&body};
+    int smilStatus = 0;
+    int smilWarning = 0;
+
+private:
+    QArray<char> octets_; // the header's bodyStart points into them
+};

@@ -1,0 +1,154 @@
+// lummms show: a message taken apart, for a person or for a program.
+
+#include "tools/lummms/show.h"
+
+#include "multipart/body_part.h"
+#include "tools/lummms/command.h"
+#include "tools/lummms/message.h"
+#include "tools/lummms/terminal.h"
+#include "tools/lummms/words.h"
+#include "util/lowered.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype WORDS_SHOWN = 60;   ///< characters of a text's first line
+constexpr qsizetype OCTETS_READ = 400;  ///< octets of a text that are looked at for it
+constexpr qsizetype WIDEST_COLUMN = 40; ///< characters to which a column is filled up
+constexpr int COLUMNS = 5;
+
+/// One line of the table of parts, and what is said under it.
+struct Row {
+    QString cells[COLUMNS]; // number, type, name, octets, charset
+    QString words;
+};
+
+bool isText(const MMS_COMP_SMILMultipartBodypart& part) {
+    return equalLowered(part.getContentType(), u"text");
+}
+
+/// The charset that a part names, or for a text the one that its octets are in.
+QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part) {
+    if (!part.getCharset().isEmpty())
+        return printable(part.getCharset());
+    if (!isText(part))
+        return QString();
+    const QArray<char>& octets = part.getBodyData();
+    const QByteArrayView text(octets.data(), octets.size());
+    return QStringLiteral("%1").arg(QLatin1String(text.isValidUtf8() ? "utf-8" : "unknown"));
+}
+
+void addRow(QList<Row>& rows, const MMS_COMP_SMILMultipartBodypart& part, const QString& number, int depth) {
+    const QString indent(2 * depth, u' ');
+    rows += Row{{indent + number, typeOf(part), printable(part.getContentLocation()),
+                 QString::number(part.getBodyData().size()), charsetOf(part)},
+                isText(part) ? firstWords(part) : QString()};
+    for (int i = 0; i < part.getSubBodyCount(); ++i)
+        addRow(rows, *part.getSubBody(static_cast<unsigned int>(i)),
+               QStringLiteral("%1.%2").arg(number).arg(i + 1), depth + 1);
+}
+
+QString table(const QList<Row>& rows) {
+    qsizetype widths[COLUMNS] = {};
+    for (const Row& row : rows)
+        for (int i = 0; i < COLUMNS; ++i)
+            widths[i] = std::max(widths[i], std::min(row.cells[i].size(), WIDEST_COLUMN));
+    constexpr int octets = 3; // the column that is aligned to the right
+    QString text;
+    for (const Row& row : rows) {
+        QString line = QStringLiteral(" ");
+        for (int i = 0; i < COLUMNS; ++i)
+            line += u' ' +
+                    (i == octets ? row.cells[i].rightJustified(widths[i])
+                                 : row.cells[i].leftJustified(widths[i])) +
+                    u' ';
+        while (line.endsWith(u' '))
+            line.chop(1);
+        text += line + u'\n';
+        if (!row.words.isEmpty())
+            text += QString(widths[0] + 4, u' ') + row.words + u'\n';
+    }
+    return text;
+}
+
+int show(const CommandLine& line) {
+    const QString path = line.files.first();
+    Message message;
+    QString cause;
+    if (!message.read(path, cause)) {
+        complain(path, cause);
+        return EXIT_UNUSABLE;
+    }
+    if (line.options.isSet(QStringLiteral("json"))) {
+        print(printableLines(QString::fromUtf8(messageForProgram(message))));
+        return message.verdict(path);
+    }
+    print(headerForPerson(message.header) + partsForPerson(message));
+    message.readPresentation();
+    print(slidesForPerson(message));
+    return message.verdict(path);
+}
+
+} // namespace
+
+QString typeOf(const MMS_COMP_SMILMultipartBodypart& part) {
+    return printable(part.getMimeFormat());
+}
+
+QString firstWords(const MMS_COMP_SMILMultipartBodypart& part) {
+    const QArray<char>& octets = part.getBodyData();
+    const qsizetype read = std::min(octets.size(), OCTETS_READ);
+    QString text = QString::fromUtf8(octets.data(), read);
+    bool more = read < octets.size();
+    while (more && text.endsWith(QChar::ReplacementCharacter)) // a character that was cut through
+        text.chop(1);
+    while (text.endsWith(QChar::Null))
+        text.chop(1);
+    text = text.trimmed();
+    const auto isLineEnd = [](QChar c) { return c == u'\n' || c == u'\r'; };
+    const auto lineEnd = std::find_if(text.cbegin(), text.cend(), isLineEnd);
+    if (lineEnd != text.cend()) {
+        text.truncate(lineEnd - text.cbegin());
+        more = true;
+    }
+    if (text.size() > WORDS_SHOWN) {
+        text.truncate(text.at(WORDS_SHOWN - 1).isHighSurrogate() ? WORDS_SHOWN - 1 : WORDS_SHOWN);
+        more = true;
+    }
+    return u'"' + printable(text) + (more ? QStringLiteral(" ...") : QString()) + u'"';
+}
+
+QString partsForPerson(Message& message) {
+    const MMS_UA_UAMsg& header = message.header;
+    if (message.result || !header.fieldsPresent(presenceBit(FIELD_CONTENT_TYPE)))
+        return QString();
+    if (!message.hasBody)
+        return QStringLiteral("\nBody: %1 that are not made of parts\n")
+            .arg(counted(header.bodyLength, "octet"));
+    QList<Row> rows;
+    const int count = message.body.getPartCount();
+    for (int i = 0; i < count; ++i)
+        addRow(rows, *message.body.getBodypartByIndex(i, false), QString::number(i + 1), 0);
+    if (count)
+        rows.prepend(Row{{"No", "Type", "Name", "Octets", "Charset"}, QString()});
+    return QStringLiteral("\nBody: %1 in %2\n")
+               .arg(counted(count, "part"), counted(header.bodyLength, "octet")) +
+           table(rows);
+}
+
+Command showCommand() {
+    return {
+        QStringLiteral("show"),
+        QStringLiteral("Shows a message: header, parts and slides."),
+        {QStringLiteral("[--json] FILE")},
+        QStringLiteral(
+            "FILE is an MMS PDU as it comes over the air. Of a malformed one everything is shown that\n"
+            "could be read. The Date that is shown is the moment of reading: a received message\n"
+            "does not keep the time at which it was sent.\n"),
+        {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")}},
+        {QStringLiteral("FILE")},
+        QString(),
+        show,
+    };
+}

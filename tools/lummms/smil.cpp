@@ -1,0 +1,95 @@
+// lummms smil: a SMIL text read, laid out for the phone, and written again.
+
+#include "multipart/body_part.h"
+#include "smil/parser/smil_parser.h"
+#include "tools/lummms/command.h"
+#include "tools/lummms/media_type.h"
+#include "tools/lummms/message.h"
+#include "tools/lummms/terminal.h"
+#include "tools/lummms/words.h"
+
+#include <QDir>
+
+#include <memory>
+
+namespace {
+
+/// Makes the files of a directory the parts of the body. False after a complaint.
+bool addParts(const QString& directory, MMS_COMP_SMILMultipart& body) {
+    const QDir dir(directory);
+    if (!dir.exists() || !dir.isReadable()) {
+        complain(directory,
+                 dir.exists() ? QStringLiteral("cannot be read") : QStringLiteral("no such directory"));
+        return false;
+    }
+    const QStringList names = dir.entryList(QDir::Files, QDir::Name);
+    for (const QString& name : names) {
+        QArray<char> octets;
+        QString cause;
+        if (!loadFile(dir.filePath(name), octets, cause)) {
+            complain(dir.filePath(name), cause);
+            return false;
+        }
+        const MediaType type = mediaTypeOf(name, octets);
+        auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+        part->setContentType(type.type);
+        part->setContentSubType(type.subType);
+        part->setContentLocation(name);
+        part->setDispFileName(name);
+        part->setBodyData(octets);
+        body.appendBodypart(part.release());
+    }
+    return true;
+}
+
+/// Whether the reader has got anything out of a text that it could not read whole.
+bool holdsAnything(const MMS_COMP_SMILData& presentation) {
+    return presentation.getTotalSlidesNum() || presentation.getMetaCount() || presentation.getRegionCount();
+}
+
+int smil(const CommandLine& line) {
+    const QString path = line.files.first();
+    QArray<char> text;
+    QString cause;
+    if (!loadFile(path, text, cause)) {
+        complain(path, cause);
+        return EXIT_UNUSABLE;
+    }
+    MMS_COMP_SMILMultipart body;
+    const QString parts = line.options.value(QStringLiteral("parts"));
+    if (line.options.isSet(QStringLiteral("parts")) && !addParts(parts, body))
+        return EXIT_UNUSABLE;
+    MMS_COMP_SMILData presentation(&body);
+    MMS_COMP_SMILParser parser;
+    const int status = parser.parse(text, &body, &presentation);
+    if (!status || holdsAnything(presentation)) {
+        const QString written = MMS_COMP_SMILParser::convertToSMILLang(&presentation);
+        print(printsToTerminal() ? printableLines(written) : written);
+    }
+    if (status) {
+        complain(path, explained(smilStatusWords, "status", status));
+        return EXIT_MALFORMED;
+    }
+    if (parser.getLastWarning())
+        complain(path, explained(smilWarningWords, "warning", parser.getLastWarning()));
+    return EXIT_DONE;
+}
+
+} // namespace
+
+Command smilCommand() {
+    return {
+        QStringLiteral("smil"),
+        QStringLiteral("Reads a SMIL text, normalises its layout and prints it as the library writes it."),
+        {QStringLiteral("FILE [--parts DIR]")},
+        QStringLiteral(
+            "A media element is kept only if its content is there: the files of DIR are the parts of\n"
+            "the message, each with its file name as Content-Location. What was passed over is told\n"
+            "on standard error as a warning, which does not change the exit status.\n"),
+        {{QStringLiteral("parts"), QStringLiteral("The directory with the media files."),
+          QStringLiteral("DIR")}},
+        {QStringLiteral("FILE")},
+        QString(),
+        smil,
+    };
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+
+/// A text from a message as it may be shown on a terminal: closing NULs left out, and every character
+/// that could steer the terminal or turn the line around (controls, bidirectional controls, half
+/// surrogate pairs) written as \u and four hexadecimal digits.
+QString printable(const QString& text);
+
+/// The same for a document of several lines, whose line ends stay. JSON remains the same JSON by it.
+QString printableLines(const QString& text);
+
+/// Writes to the standard output, in UTF-8.
+void print(const QString& text);
+
+/// Whether the standard output is a terminal.
+bool printsToTerminal();
+
+/// Whether all that was printed has been written out.
+bool printedAll();
+
+/// Writes "lummms: subject: cause" as one line to the standard error; without a subject only the cause.
+void complain(const QString& subject, const QString& cause);
