@@ -231,6 +231,7 @@ TEST_F(Reader, WithstandsHostileTexts) {
     } rows[] = {
         {"128 levels", smil(nested("a", 127)), 0},
         {"129 levels", smil(nested("a", 128)), -16},
+        {"the last of 129 levels empty", smil(QByteArray("<a>").repeated(127) + "<a/>"), -16},
         {"129 levels in the body", "<smil><body>" + nested("x", 127) + "</body></smil>", -16},
         {"40,000 levels", smil(nested("par", 40000)), -16},
         {"40,000 levels, never closed", QByteArray("<smil>").repeated(40000), -16},

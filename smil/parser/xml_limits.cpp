@@ -66,7 +66,7 @@ public:
                 skipPast(9, QLatin1StringView("]]>"));
             else if (readTag(kind) > MAX_XML_ATTRIBUTES)
                 return REFUSED;
-            if (depth_ > MAX_XML_DEPTH)
+            if (deepest_ > MAX_XML_DEPTH)
                 return TOO_DEEP;
         }
         return ALLOWED;
@@ -95,16 +95,17 @@ private:
         }
         if (declaration)
             return 0;
-        if (kind == u'/')
+        if (kind != u'/')
+            deepest_ = std::max(deepest_, ++depth_);
+        if (kind == u'/' || xml_[at_ - 1] == u'/')
             --depth_;
-        else if (xml_[at_ - 1] != u'/')
-            ++depth_;
         return values;
     }
 
     QStringView xml_;
     qsizetype at_ = 0;
     qsizetype depth_ = 0;
+    qsizetype deepest_ = 0;
 };
 
 } // namespace
