@@ -13,6 +13,7 @@
 template <FIELD_CODE fieldCode, auto getter, void (MMS_UA_UAMsg::*add)(MMS_UTIL_Entry&)>
 class RecipientsField : public FieldBase {
 public:
+    /// Reads one address and adds it to the recipients.
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override {
         MMS_UTIL_Entry entry;
         const unsigned char result = AddressBinary::readFrom(buffer, &entry);
@@ -20,6 +21,7 @@ public:
             (msg->*add)(entry);
         return result;
     }
+    /// Writes field code and address of every recipient.
     unsigned char writeField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override {
         unsigned char result = CODEC_WRITTEN;
         for (const MMS_UTIL_Entry* entry : (msg->*getter)()) {
@@ -28,6 +30,7 @@ public:
         }
         return result;
     }
+    /// Octets that writeField() writes for all recipients.
     int fieldSize(MMS_UA_UAMsg* msg) const override {
         int size = 0;
         for (const MMS_UTIL_Entry* entry : (msg->*getter)())

@@ -10,12 +10,14 @@
 /// over. The value itself is offered as an encoding of its own, too.
 class LUM_EXPORT ContentTypeField final : public FieldBase {
 public:
-    /// The value of one parameter in a parameter text: what follows "type=", "start=",
-    /// "Application-ID=" or "Reply-To-Application-ID=" up to the next ";". A null text when it is
-    /// absent. The key is also found at the end of a longer name.
+    /// The value of one parameter in a parameter text: what follows "type=" up to the next ";". A null
+    /// text when it is absent. The key is also found at the end of a longer name.
     static QString mprtOf(const QString& params);
+    /// The same for "start=".
     static QString startOf(const QString& params);
+    /// The same for "Application-ID=".
     static QString appIDOf(const QString& params);
+    /// The same for "Reply-To-Application-ID=".
     static QString replyAppIDOf(const QString& params);
 
     /// Reads the value into type, sub-type and parameters; parameters stay as they are when the value

@@ -5,7 +5,7 @@
 
 /// What is to be known of one header field.
 struct HeaderField {
-    FIELD_CODE code;
+    FIELD_CODE code;  ///< the code of the table's row
     const char* name; ///< such as "Message-Type"
     /// The codec that reads and writes the field; the table's.
     const FieldBase* codec;

@@ -18,6 +18,7 @@ public:
     static unsigned char readFrom(LinearBuffer* buffer, int* out);
     /// Short up to 127 (of a negative value the low seven bits), long above.
     static unsigned char writeTo(LinearBuffer* buffer, int value);
+    /// Octets that writeTo() writes.
     static int sizeOf(int value);
 };
 
@@ -26,7 +27,9 @@ class LUM_EXPORT UIntBinary {
 public:
     /// Any number of octets is taken; the value is the lowest 32 bits.
     static unsigned char readFrom(LinearBuffer* buffer, int* out);
+    /// Writes the value. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, int value);
+    /// Octets that writeTo() writes.
     static int sizeOf(int value);
 };
 
@@ -35,14 +38,19 @@ class LUM_EXPORT ValueLengthBinary {
 public:
     /// An octet of 32 or more is taken as the length as it stands.
     static unsigned char readFrom(LinearBuffer* buffer, int* out);
+    /// Writes the value. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, int value);
+    /// Octets that writeTo() writes.
     static int sizeOf(int value);
 };
 
 /// A well-known charset (IANA MIBenum number), written as an integer: UTF-8 is 106, octet 0xEA.
 class LUM_EXPORT CharsetBinary {
 public:
+    /// Any number is taken, assigned or not.
     static unsigned char readFrom(LinearBuffer* buffer, int* out);
+    /// Writes the value. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, int value);
+    /// Octets that writeTo() writes.
     static int sizeOf(int value);
 };

@@ -9,12 +9,14 @@ public:
     /// A cursor at the first of `length` octets. The buffer never frees the array.
     LinearBuffer(unsigned char* data, int length);
 
+    /// The array, the caller's own.
     unsigned char* getData() const { return data_; }
     /// Index of the next octet to read or write.
     int getPosition() const { return position_; }
     /// Number of octets in the array.
     int getLength() const { return length_; }
 
+    /// Whether there is an octet at the cursor.
     bool hasMore() const { return position_ < length_; }
 
     /// The next octet, unchecked: call it only after hasMore().
@@ -25,8 +27,9 @@ public:
     /// readable. Who cannot vouch for that octet asks hasMore() first, as all codecs here do.
     bool readByte(unsigned char* out);
 
-    /// The octets from the cursor to the end of the array, and how many they are.
+    /// The octets from the cursor to the end of the array.
     const unsigned char* rest() const { return data_ + position_; }
+    /// How many octets rest() shows.
     int restLength() const { return hasMore() ? length_ - position_ : 0; }
 
     /// Passes over the next `n` octets and gives where they begin; null, and nothing changed, when

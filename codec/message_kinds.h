@@ -18,7 +18,7 @@ enum MESSAGE_TYPE : unsigned char {
 
 /// What is to be known of one kind of PDU.
 struct MessageKind {
-    MESSAGE_TYPE type;
+    MESSAGE_TYPE type;              ///< the octet of Message-Type
     const char* name;               ///< such as "m-send-req"
     std::span<const int> order;     ///< the field codes it is written with, in this order
     std::span<const int> mandatory; ///< the fields a received one must have

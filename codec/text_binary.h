@@ -16,6 +16,7 @@ public:
     /// Writes UTF-8, so text beyond ASCII is not read back as it was: deliberately, since senders
     /// put Latin-1 on the air and receivers expect UTF-8. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, const QString& text);
+    /// Octets that writeTo() writes.
     static int sizeOf(const QString& text);
 };
 
@@ -27,5 +28,6 @@ public:
     static unsigned char readFrom(LinearBuffer* buffer, QString* out);
     /// Always writes the form with length and charset, in UTF-8. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, const QString& text);
+    /// Octets that writeTo() writes.
     static int sizeOf(const QString& text);
 };

@@ -13,16 +13,19 @@
 template <FIELD_CODE fieldCode, typename Codec, auto getter, auto setter>
 class TextField : public FieldBase {
 public:
+    /// Reads the text and hands it to the message, which leaves an empty one out.
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override {
         QString text;
         const unsigned char result = Codec::readFrom(buffer, &text);
         (msg->*setter)(text);
         return result;
     }
+    /// Writes field code and text.
     unsigned char writeField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override {
         IntegerBinary::writeTo(buffer, fieldCode);
         return Codec::writeTo(buffer, (msg->*getter)());
     }
+    /// Octets that writeField() writes.
     int fieldSize(MMS_UA_UAMsg* msg) const override { return 1 + Codec::sizeOf((msg->*getter)()); }
 };
 

@@ -16,10 +16,12 @@ public:
     /// system has it; -1 when there is no such time.
     static time_t of(const QDateTime& time);
 
+    /// Reads seconds as they stand. CODEC_READ, or CODEC_MALFORMED when the input ends first.
     static unsigned char readFrom(LinearBuffer* buffer, unsigned int* out);
     /// Seconds up to 2038-01-19 as IntegerBinary writes them, later ones as the four octets of the
     /// unsigned value (at most the last second of 2106 that it can tell). Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, time_t seconds);
+    /// Octets that writeTo() writes.
     static int sizeOf(time_t seconds);
 };
 
@@ -27,7 +29,9 @@ public:
 /// Value-length, a token (128 absolute, 129 relative) and seconds.
 class LUM_EXPORT TimeBinary {
 public:
+    /// The token before seconds since 1970.
     static constexpr unsigned char ABSOLUTE = 128;
+    /// The token before seconds from now.
     static constexpr unsigned char RELATIVE = 129;
 
     /// Reads token and seconds as they stand. CODEC_MALFORMED for another token and when the input
@@ -43,5 +47,6 @@ public:
 
     /// Octets of a time with a token; the Value-length always fits one octet.
     static int sizeOf(time_t seconds);
+    /// The same for the absolute form of a date-time.
     static int sizeOf(const QDateTime& time);
 };

@@ -21,7 +21,7 @@ public:
     void setBcc(QPtrList<MMS_UTIL_Entry> bcc) override;
     void setDistributionInd(bool on) override;
     void setPromptInd(bool on) override;
-    /// The operations that take a pointer are the base's: they mark nothing.
+    // The operations that take a pointer are the base's: they mark nothing.
     using MMS_UTIL_MsgHeaderBase::addBccRecipient;
     using MMS_UTIL_MsgHeaderBase::addCcRecipient;
     using MMS_UTIL_MsgHeaderBase::addToRecipient;
@@ -45,12 +45,15 @@ public:
     /// no address. Marks From present.
     void setFromPlaceholder();
 
+    /// The transaction id; empty when it was never set.
     QString getTransactionId() const { return transactionId; }
     /// Stores the transaction id and marks it present; an empty one changes nothing.
     void setTransactionId(const QString& id);
+    /// The text that goes with the response status; empty when it was never set.
     QString getResponseText() const { return responseText; }
     /// Stores the response text and marks it present; an empty one changes nothing.
     void setResponseText(const QString& text);
+    /// Whether the sender may be told of the delivery.
     bool getReportAllowed() const { return reportAllowed; }
     /// Stores Report-Allowed and marks it present.
     void setReportAllowed(bool allowed);

@@ -51,9 +51,11 @@ public:
 
     /// A number that belongs to the caller, apart from DISP_FILE_TYPE; 1 in a new part.
     int getDispFileType() const { return dispFileType_; }
+    /// Sets the number.
     int setDispFileType(int type);
     /// The file name to show, and to save under.
     QString getDispFileName() const { return dispFileName_; }
+    /// Sets the file name to show.
     int setDispFileName(const QString& name);
 
     /// Top-level MIME type alone, such as "image".
@@ -62,68 +64,88 @@ public:
     int setContentType(const QString& type);
     /// MIME sub-type alone, such as "jpeg".
     QString getSubType() const { return subType_; }
+    /// Name of the charset of a text, such as "utf-8"; empty when none was given.
     QString getCharset() const { return charset_; }
+    /// Sets the name of the charset.
     int setCharset(const QString& charset);
     /// Content-Description.
     QString getDescription() const { return description_; }
+    /// Sets the Content-Description.
     int setDescription(const QString& description);
     /// Content-Location (WSP header 0x0E), a file name in practice.
     QString getContentLocation() const { return contentLocation_; }
+    /// Sets the Content-Location.
     int setContentLocation(const QString& location);
     /// Content-ID (WSP header 0x40) as received, "<" and ">" included.
     QString getContentID() const { return contentId_; }
+    /// Sets the Content-ID, with "<" and ">".
     int setContentID(const QString& id);
     /// Name of the Content-Transfer-Encoding.
     QString getContentXferEncoding() const { return contentXferEncoding_; }
+    /// Sets the name of the Content-Transfer-Encoding.
     int setContentXferEncoding(const QString& encoding);
     /// One free-form extension header.
     QString getExtHeader() const { return extHeader_; }
+    /// Sets the extension header.
     int setExtHeader(const QString& header);
     /// The boundary of a nested textual multipart.
     QString getBoundary() const { return boundary_; }
+    /// Sets the boundary.
     int setBoundary(const QString& boundary);
 
     /// PART_FLAG bits.
     unsigned int getPartFlags() const { return partFlags_; }
+    /// Replaces all PART_FLAG bits.
     void setPartFlags(unsigned int flags) { partFlags_ = flags; }
     /// The number of media objects that refer to this part; 1 in a new part.
     int getRefCount() const { return refCount_; }
+    /// Sets the number of references; any number is stored.
     int setRefCount(int count);
     /// 0 after every change of type, sub-type or payload.
     MEDIA_SUPPORT getSupport() const { return support_; }
+    /// Sets whether the device can show or play the part.
     int setSupport(MEDIA_SUPPORT support);
 
     /// A picture kept for the caller, never stored in a record. A null pixmap when none was set;
     /// like every QPixmap that then needs a QGuiApplication to be running.
     QPixmap getPixmap() const;
+    /// Keeps a picture.
     void setPixmap(const QPixmap& pixmap) { pixmap_ = pixmap; }
     /// A number that goes with the pixmap; -1 in a new part.
     int getPixmapId() const { return pixmapId_; }
+    /// Sets the number that goes with the pixmap.
     void setPixmapId(int id) { pixmapId_ = id; }
 
     /// "type/sub-type"; "/" for a new part.
     QString getMimeFormat() const;
-    /// The text left of the first "/", and that right of the last; empty when there is no "/".
+    /// The text left of the first "/"; empty when there is no "/".
     static QString getTypePartFromFormat(const QString& format);
+    /// The text right of the last "/"; empty when there is no "/".
     static QString getSubTypePartFromFormat(const QString& format);
 
     /// The same fields by the phone's code numbers (EMAIL_Util). The set operations give false, and
     /// change nothing, for an unknown code; the get operations -1 for an unknown name.
     bool setContentType(int code);
+    /// The code of the top-level type.
     int getContentTypeByCode() const;
+    /// Sets the sub-type.
     bool setSubTypeCode(int code);
+    /// The code of the sub-type.
     int getSubTypeCode() const;
+    /// Sets the charset.
     bool setCharsetByCode(int code);
     /// The code that the charset's name has in the table of sub-types.
     int getCharsetByCode() const;
     /// Stores an empty name for an unknown code.
     void setContentXferEncodingByCode(int code);
+    /// The code of the Content-Transfer-Encoding.
     int getContentXferEncodingByCode() const;
     /// Sets the sub-type ("3gp" in any case becomes "3gpp") and resets the support. Always true.
     bool setContentSubType(const QString& subType);
 
     /// The payload of this part alone. Other arrays may share it.
     QArray<char>& getBodyData() { return bodyData_; }
+    /// The same for reading.
     const QArray<char>& getBodyData() const { return bodyData_; }
     /// Stores a private copy of `data`: 0, or ERR_NO_MEMORY. Success resets the support.
     int setBodyData(const QArray<char>& data);
@@ -141,6 +163,7 @@ public:
     /// regular file below the temporary directory.
     bool saveBodyDataToFile(QString& path) const;
 
+    /// Number of sub-bodies, their own not counted.
     int getSubBodyCount() const { return subBodies_.count(); }
     /// The i-th sub-body, or null when out of range. It stays the part's.
     MMS_COMP_SMILMultipartBodypart* getSubBody(unsigned int i) const;

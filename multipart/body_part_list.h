@@ -16,11 +16,15 @@ public:
     /// Deletes the parts.
     ~BodypartList();
 
+    /// Number of parts.
     int count() const { return parts_.count(); }
+    /// Whether there is no part.
     bool isEmpty() const { return parts_.isEmpty(); }
     /// The part at `index`, or null when out of range. The list keeps it.
     MMS_COMP_SMILMultipartBodypart* at(int index) const { return parts_.at(index); }
+    /// The first part, for loops.
     QPtrList<MMS_COMP_SMILMultipartBodypart>::const_iterator begin() const { return parts_.begin(); }
+    /// Behind the last part.
     QPtrList<MMS_COMP_SMILMultipartBodypart>::const_iterator end() const { return parts_.end(); }
 
     /// Adds the part at the end and takes it over. False for null.

@@ -27,9 +27,11 @@ public:
 
     /// The content type's "type" parameter.
     QString getExtType() const { return extType_; }
+    /// Sets the "type" parameter.
     void setExtType(const QString& type) { extType_ = type; }
     /// The body's own top-level type.
     QString getMimeType() const { return mimeType_; }
+    /// Sets the body's own top-level type.
     void setMimeType(const QString& type) { mimeType_ = type; }
     /// The "start" parameter: the reference of the presentation part.
     QString getStart() const { return start_; }
@@ -37,11 +39,14 @@ public:
     void setStart(const QString& start);
     /// All other parameters of the content type, as one text; null in a new container.
     QString getOtherContentTypeParam() const { return otherContentTypeParam_; }
+    /// Sets the other parameters.
     void setOtherContentTypeParam(const QString& parameters) { otherContentTypeParam_ = parameters; }
     /// The boundary of a textual multipart; null in a new container.
     QString getBoundary() const { return boundary_; }
+    /// Sets the boundary.
     void setBoundary(const QString& boundary) { boundary_ = boundary; }
 
+    /// Number of parts, sub-bodies not counted.
     int getPartCount() const { return parts_.count(); }
     /// Adds the part at the end and takes it over: 0, or ERR_INSERT for null.
     int appendBodypart(MMS_COMP_SMILMultipartBodypart* part);

@@ -27,10 +27,13 @@ public:
     QArray() = default;
     /// `size` elements of unspecified value; the null array if there is no memory for them.
     explicit QArray(qsizetype size) : block_(Block::make(size)) {}
+    /// Shares the elements of `other`.
     QArray(const QArray& other) : block_(other.block_) { ref(); }
+    /// Takes the elements over; `other` is the null array then.
     QArray(QArray&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
     ~QArray() { deref(); }
 
+    /// Drops the own elements and shares those of `other`.
     QArray& operator=(QArray other) noexcept {
         std::swap(block_, other.block_);
         return *this;
@@ -46,21 +49,33 @@ public:
 
     /// The elements, shared by all copies; null for the null array.
     T* data() { return block_ ? block_->elements : nullptr; }
+    /// The same for reading.
     const T* data() const { return block_ ? block_->elements : nullptr; }
+    /// Number of elements.
     qsizetype size() const { return block_ ? block_->size : 0; }
+    /// Number of elements.
     qsizetype count() const { return size(); }
+    /// Whether there is no element.
     bool isEmpty() const { return size() == 0; }
+    /// Whether this is the null array.
     bool isNull() const { return !block_; }
 
     /// The element at `index`, which must be below size().
     T& at(qsizetype index) { return block_->elements[index]; }
+    /// The same for reading.
     const T& at(qsizetype index) const { return block_->elements[index]; }
+    /// As at().
     T& operator[](qsizetype index) { return at(index); }
+    /// As at().
     const T& operator[](qsizetype index) const { return at(index); }
 
+    /// The first element, for loops.
     T* begin() { return data(); }
+    /// Behind the last element.
     T* end() { return data() + size(); }
+    /// The first element, for loops.
     const T* begin() const { return data(); }
+    /// Behind the last element.
     const T* end() const { return data() + size(); }
 
     /// Changes the size for all that share the elements; new elements are zero. False, and nothing
@@ -113,6 +128,7 @@ public:
 
     /// Whether the elements are the same, octet by octet; null and empty are equal.
     bool operator==(const QArray& other) const { return holds(other.data(), other.size()); }
+    /// Whether the octets are the same.
     bool operator==(const QByteArray& octets) const requires(sizeof(T) == 1) {
         return holds(asElements(octets), octets.size());
     }

@@ -12,9 +12,11 @@
 template <typename T>
 class QPtrList {
 public:
+    /// Walks over the items, as pointers.
     using const_iterator = typename QList<T*>::const_iterator;
 
     QPtrList() = default;
+    /// Shares the items of `other`, unowned.
     QPtrList(const QPtrList& other) : items_(other.items_) {}
     /// Moving hands the items on together with their ownership, so that a function can return a list.
     QPtrList(QPtrList&& other) noexcept
@@ -31,6 +33,7 @@ public:
         autoDelete_ = false;
         return *this;
     }
+    /// The same, with the items and their ownership taken over.
     QPtrList& operator=(QPtrList&& other) noexcept {
         if (this == &other)
             return *this;
@@ -41,17 +44,21 @@ public:
         return *this;
     }
 
+    /// Whether the list owns its items.
     bool autoDelete() const { return autoDelete_; }
     /// True: items are deleted when they are removed, on clear() and with the list.
     void setAutoDelete(bool on) { autoDelete_ = on; }
 
+    /// Number of items.
     int count() const { return static_cast<int>(items_.size()); }
+    /// Whether there is no item.
     bool isEmpty() const { return items_.isEmpty(); }
 
     /// The item at `index`, or null when out of range; constant time. The list keeps it.
     T* at(int index) const { return inRange(index) ? items_.at(index) : nullptr; }
-    /// The first or last item, or null for an empty list.
+    /// The first item, or null for an empty list.
     T* first() const { return at(0); }
+    /// The last item, or null for an empty list.
     T* last() const { return at(count() - 1); }
 
     /// Adds at the end; an owning list takes the item over. False (nothing done) for null.
@@ -91,7 +98,9 @@ public:
     /// The place of this very item, or -1.
     int indexOf(const T* item) const { return static_cast<int>(items_.indexOf(const_cast<T*>(item))); }
 
+    /// The first item, for loops.
     const_iterator begin() const { return items_.constBegin(); }
+    /// Behind the last item.
     const_iterator end() const { return items_.constEnd(); }
 
 private:

@@ -17,14 +17,18 @@ public:
 
     /// Top-level media types, such as "image".
     static bool typeEnumToStr(int code, QCString& name);
+    /// Code of a top-level media type.
     static int typeStrToEnum(const QCString& name);
     /// Media sub-types of all top-level types, such as "jpeg".
     static bool subTypeEnumToStr(int code, QCString& name);
+    /// Code of a media sub-type.
     static int subTypeStrToEnum(const QCString& name);
     /// Charsets, such as "utf-8"; a charset's code is its IANA MIB number (106 for UTF-8).
     static bool charsetEnumToStr(int code, QCString& name);
+    /// Code of a charset.
     static int charsetStrToEnum(const QCString& name);
     /// Transfer encodings, such as "base64". An empty text for an unknown code.
     static QCString cteEnumToStr(int code);
+    /// Code of a transfer encoding.
     static int cteStrToEnum(const QCString& name);
 };

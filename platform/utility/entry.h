@@ -15,17 +15,21 @@ public:
 
     /// An empty phone number without a name.
     MMS_UTIL_Entry() = default;
+    /// The three values as given; `type` is one of TYPE or another number.
     MMS_UTIL_Entry(const QString& name, int type, const QString& address)
         : name_(name), type_(type), address_(address) {}
 
     /// The display name; empty when there is none.
     QString getName() const { return name_; }
+    /// Sets the display name.
     void setName(const QString& name) { name_ = name; }
     /// One of TYPE, or another number for an address that is neither.
     int getType() const { return type_; }
+    /// Sets the type, which may be any number.
     void setType(int type) { type_ = type; }
     /// The address proper: digits, or the e-mail address without angle brackets.
     QString getAddress() const { return address_; }
+    /// Sets the address proper.
     void setAddress(const QString& address) { address_ = address; }
 
     /// True when there is no address; a name alone does not count.

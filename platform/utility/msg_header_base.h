@@ -25,64 +25,101 @@ public:
     MMS_UTIL_MsgHeaderBase& operator=(const MMS_UTIL_MsgHeaderBase&) = delete;
     virtual ~MMS_UTIL_MsgHeaderBase();
 
+    /// Sets the sender.
     virtual void setFrom(MMS_UTIL_Entry from);
+    /// Replaces the recipients by copies of these.
     virtual void setTo(QPtrList<MMS_UTIL_Entry> to);
+    /// Replaces the recipients of copies likewise.
     virtual void setCc(QPtrList<MMS_UTIL_Entry> cc);
+    /// Replaces the hidden recipients likewise.
     virtual void setBcc(QPtrList<MMS_UTIL_Entry> bcc);
 
     /// Replaces the whole word of FLAG bits.
     virtual void setFlags(unsigned int flags);
+    /// Sets or clears FLAG_DISTRIBUTION.
     virtual void setDistributionInd(bool on);
+    /// Sets or clears FLAG_PROMPT.
     virtual void setPromptInd(bool on);
+    /// Sets or clears FLAG_ATTACHMENT.
     virtual void setAttachmentInc(bool on);
+    /// Sets or clears FLAG_AUDIO.
     virtual void setAudioInc(bool on);
+    /// Sets or clears FLAG_VIDEO.
     virtual void setVideoInc(bool on);
 
     /// Adds a recipient and takes it over: the header deletes it. Null is ignored.
     virtual void addToRecipient(MMS_UTIL_Entry* entry);
+    /// The same for a recipient of a copy.
     virtual void addCcRecipient(MMS_UTIL_Entry* entry);
+    /// The same for a hidden recipient.
     virtual void addBccRecipient(MMS_UTIL_Entry* entry);
     /// Adds a copy of a recipient.
     virtual void addToRecipient(MMS_UTIL_Entry& entry);
+    /// Adds a copy of a recipient of a copy.
     virtual void addCcRecipient(MMS_UTIL_Entry& entry);
+    /// Adds a copy of a hidden recipient.
     virtual void addBccRecipient(MMS_UTIL_Entry& entry);
 
+    /// Sets the subject.
     virtual void setSubject(QString subject);
+    /// Sets the Date, in local time.
     virtual void setSendTime(QDateTime time);
+    /// Sets the earliest time of delivery, in local time.
     virtual void setDeliveryTime(QDateTime time);
     /// Seconds, counted from now, after which the message may be dropped.
     virtual void setExpireTime(unsigned int seconds);
+    /// Sets the Message-ID, which the network gives.
     virtual void setMsgID(QString id);
+    /// Sets the content type of the body.
     virtual void setContentType(MMS_CONTENT_TYPE_T contentType);
     /// The Priority octet as on the wire (128 Low, 129 Normal, 130 High).
     virtual void setPriority(unsigned char priority);
+    /// Sets the Sender-Visibility flag, which Hide sets when read and which is written as Show.
     virtual void setSenderVisibility(bool on);
+    /// Asks for a report of the delivery.
     virtual void setDeliveryReportNecessity(bool on);
+    /// Asks for a reply when the message is read.
     virtual void setReadReplyNecessity(bool on);
     /// The Content-Location from which the message can be fetched.
     virtual void setMsgURI(QString uri);
     /// A hook for debugging; prints nothing.
     virtual void printMsg();
 
+    /// The sender.
     MMS_UTIL_Entry getFrom() const { return from_; }
     /// The recipients. The lists own their entries and stay the header's.
     const QPtrList<MMS_UTIL_Entry>& getTo() const { return to_; }
+    /// The recipients of copies likewise.
     const QPtrList<MMS_UTIL_Entry>& getCc() const { return cc_; }
+    /// The hidden recipients likewise.
     const QPtrList<MMS_UTIL_Entry>& getBcc() const { return bcc_; }
+    /// The subject; empty when there is none.
     QString getSubject() const { return subject_; }
+    /// The content type of the body.
     MMS_CONTENT_TYPE_T getContentType() const { return contentType_; }
+    /// The Priority octet as on the wire; 129 (Normal) until set.
     unsigned char getPriority() const { return priority_; }
+    /// The Message-ID.
     QString getMsgID() const { return msgId_; }
+    /// The Date, in local time; of a received message the moment of reading.
     QDateTime getSendTime() const { return sendTime_; }
+    /// The earliest time of delivery, in local time; null when there is none.
     QDateTime getDeliveryTime() const { return deliveryTime_; }
+    /// Seconds, counted from now, after which the message may be dropped.
     unsigned int getExpireTime() const { return expireTime_; }
+    /// The Sender-Visibility flag, as setSenderVisibility() has it.
     bool getSenderVisibility() const { return senderVisibility_; }
+    /// Whether a report of the delivery is asked for.
     bool getDeliveryReportNecessity() const { return deliveryReport_; }
+    /// Whether a reply is asked for when the message is read.
     bool getReadReplyNecessity() const { return readReply_; }
     /// The Message-Size in octets.
     int getMsgSize() const { return msgSize_; }
+    /// Sets the Message-Size in octets.
     void setMsgSize(int octets) { msgSize_ = octets; }
+    /// The FLAG bits.
     unsigned int getFlags() const { return flags_; }
+    /// The Content-Location from which the message can be fetched.
     QString getMsgURI() const { return msgUri_; }
 
     /// Bits of the flags word.

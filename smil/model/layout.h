@@ -32,7 +32,9 @@ public:
     MMS_COMP_SMILRegion(const MMS_COMP_SMILRegion& other);
     MMS_COMP_SMILRegion& operator=(const MMS_COMP_SMILRegion&) = delete;
 
+    /// The height.
     float getHeight() const { return height_; }
+    /// The width.
     float getWidth() const { return width_; }
     /// The distance from the upper edge of the screen.
     float getTop() const { return top_; }
@@ -44,14 +46,20 @@ public:
     float getBottom() const { return top_ + height_; }
     /// What the `region` attribute of a media object refers to.
     QString getId() const { return id_; }
+    /// How content is fitted in.
     MMS_COMP_SMIL_REGION_FIT getFit() const { return fit_; }
 
-    /// The setters store any value and give true.
+    /// Sets the height. Like the other setters it stores any value and gives true.
     bool setHeight(float height);
+    /// Sets the width.
     bool setWidth(float width);
+    /// Sets the distance from the upper edge.
     bool setTop(float top);
+    /// Sets the distance from the left edge.
     bool setLeft(float left);
+    /// Sets the id.
     bool setId(const QString& id);
+    /// Sets how content is fitted in.
     void setFit(MMS_COMP_SMIL_REGION_FIT fit);
     /// Sets the fit by its word, compared exactly ("Fill" is not "fill"). Always true.
     bool setFit(const QString& word);
@@ -74,13 +82,16 @@ class LUM_EXPORT MMS_COMP_SMILRootLayout {
 public:
     /// Pixels; negative when the presentation did not say.
     int getWidth() const { return width_; }
+    /// Pixels; negative when the presentation did not say.
     int getHeight() const { return height_; }
     /// The colour record inside this root layout, not a copy.
     MMS_COMP_COLOR* getBackgroundColor() { return &backgroundColor_; }
+    /// The same for reading.
     const MMS_COMP_COLOR* getBackgroundColor() const { return &backgroundColor_; }
 
     /// Any value is stored, negative ones too; always true.
     bool setWidth(int width);
+    /// As setWidth().
     bool setHeight(int height);
     /// Reads a `background-color` text; false when it is unreadable (kind 3).
     bool setBackgroundColor(const QString& text);
@@ -101,6 +112,7 @@ public:
 
     /// The root layout, the layout's own; null after setRootLayout() failed.
     MMS_COMP_SMILRootLayout* getRootLayout() const { return rootLayout_.get(); }
+    /// Number of regions.
     int getRegionCount() const { return regions_.count(); }
     /// The region at `index`, the layout's own, or null when out of range.
     MMS_COMP_SMILRegion* getRegion(unsigned int index) const;

@@ -42,45 +42,67 @@ public:
     MMS_COMP_SMILMediaObject(const MMS_COMP_SMILMediaObject&) = delete;
     MMS_COMP_SMILMediaObject& operator=(const MMS_COMP_SMILMediaObject&) = delete;
 
+    /// Which element it is.
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE getMediaElementType() const { return type_; }
     /// A short type word; "txt" once the object has become a text.
     QString getMediaType() const { return mediaType_; }
     /// The reference to the body part: its Content-Location or Content-ID.
     QString getSrc() const { return src_; }
+    /// The id of the region in which the object is shown.
     QString getRegionId() const { return regionId_; }
+    /// The MIME type of the content, "type/sub-type".
     QString getMimeType() const { return mimeType_; }
+    /// The alternative text.
     QString getAlt() const { return alt_; }
     /// The body part with the content; null if there is none or it has been deleted.
     MMS_COMP_SMILMultipartBodypart* getData() const { return data_.get(); }
+    /// The container, which is not owned; null when there is none.
     MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
 
-    /// The times inside this object, not copies.
+    /// The begin time inside this object, not a copy.
     MMS_COMP_SMIL_TIME* getBegin() { return &begin_; }
+    /// The same for reading.
     const MMS_COMP_SMIL_TIME* getBegin() const { return &begin_; }
+    /// The end time inside this object, not a copy.
     MMS_COMP_SMIL_TIME* getEnd() { return &end_; }
+    /// The same for reading.
     const MMS_COMP_SMIL_TIME* getEnd() const { return &end_; }
+    /// How the begin time is given.
     MMS_COMP_SMIL_TIME_TYPE getBeginTimeType() const { return begin_.type; }
+    /// The id of the element that the begin refers to.
     QString getBeginTimeEvent() const { return begin_.id; }
-    /// Milliseconds.
+    /// The begin in milliseconds.
     int getBeginTimeLength() const { return begin_.value; }
+    /// How the end time is given.
     MMS_COMP_SMIL_TIME_TYPE getEndTimeType() const { return end_.type; }
+    /// The id of the element that the end refers to.
     QString getEndTimeEvent() const { return end_.id; }
-    /// Milliseconds.
+    /// The end in milliseconds.
     int getEndTimeLength() const { return end_.value; }
 
     /// Also makes the media type "txt" when the type is text.
     void setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
+    /// Sets the type word.
     void setMediaType(const QString& word) { mediaType_ = word; }
     /// Also makes `src` the alternative text. Always true.
     bool setSrc(const QString& src);
+    /// Sets the id of the region.
     void setRegionId(const QString& id) { regionId_ = id; }
+    /// Sets the MIME type.
     void setMimeType(const QString& mimeType) { mimeType_ = mimeType; }
+    /// Sets the alternative text.
     void setAlt(const QString& alt) { alt_ = alt; }
+    /// Sets how the begin time is given.
     void setBeginTimeType(MMS_COMP_SMIL_TIME_TYPE type) { begin_.type = type; }
+    /// Sets the id of the element that the begin refers to.
     void setBeginTimeEvent(const QString& id) { begin_.id = id; }
+    /// Sets the milliseconds of the begin.
     void setBeginTimeLength(int milliseconds) { begin_.value = milliseconds; }
+    /// Sets how the end time is given.
     void setEndTimeType(MMS_COMP_SMIL_TIME_TYPE type) { end_.type = type; }
+    /// Sets the id of the element that the end refers to.
     void setEndTimeEvent(const QString& id) { end_.id = id; }
+    /// Sets the milliseconds of the end.
     void setEndTimeLength(int milliseconds) { end_.value = milliseconds; }
     /// The container is not taken over.
     void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
@@ -105,6 +127,7 @@ public:
     /// last; without a container, or if the part is this object's own, it is deleted.
     void clear();
 
+    /// Number of params.
     int getParamCount() const { return params_.count(); }
     /// The param at `index`, the object's own, or null when out of range.
     MMS_COMP_SMILMediaObjectParam* getParam(int index) const { return params_.at(index); }

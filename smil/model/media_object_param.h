@@ -19,20 +19,29 @@ class LUM_EXPORT MMS_COMP_SMILMediaObjectParam {
 public:
     /// All texts empty, value type 0.
     MMS_COMP_SMILMediaObjectParam();
+    /// A param of these values.
     MMS_COMP_SMILMediaObjectParam(const QString& name, const QString& value,
                                   MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
                                   const QString& refValueType);
 
+    /// The name.
     QString getName() const { return name_; }
+    /// The value as text.
     QString getValue() const { return value_; }
+    /// What the value is.
     MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE getValueType() const { return valueType_; }
     /// The MIME type of a referenced value: the `type` attribute.
     QString getRefValueType() const { return refValueType_; }
 
+    /// Sets the name.
     void setName(const QString& name) { name_ = name; }
+    /// Sets the value.
     void setValue(const QString& value) { value_ = value; }
+    /// Sets what the value is.
     void setValueType(MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE type) { valueType_ = type; }
+    /// Sets the MIME type of a referenced value.
     void setRefValueType(const QString& type) { refValueType_ = type; }
+    /// Sets all four.
     void setAll(const QString& name, const QString& value, MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
                 const QString& refValueType);
 

@@ -19,9 +19,13 @@ enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
 /// One `meta` entry of a presentation.
 class LUM_EXPORT MMS_COMP_SMILMeta {
 public:
+    /// The name; empty in a new entry.
     QString getName() const { return name_; }
+    /// The content; empty in a new entry.
     QString getContent() const { return content_; }
+    /// Sets the name.
     void setName(const QString& name) { name_ = name; }
+    /// Sets the content.
     void setContent(const QString& content) { content_ = content; }
 
 private:
@@ -45,32 +49,40 @@ public:
 
     /// The layout inside this document, not a copy.
     MMS_COMP_SMILLayout* getLayout() { return &layout_; }
+    /// The same for reading.
     const MMS_COMP_SMILLayout* getLayout() const { return &layout_; }
     /// The document's own; null after setRootLayout() failed.
     MMS_COMP_SMILRootLayout* getRootLayout() const { return layout_.getRootLayout(); }
+    /// Number of regions.
     int getRegionCount() const { return layout_.getRegionCount(); }
     /// The region at `index`, the document's own, or null when out of range.
     MMS_COMP_SMILRegion* getRegion(unsigned int index) const { return layout_.getRegion(index); }
+    /// The unit of all regions' measures; pixels until a "%" was read.
     MMS_COMP_SMIL_UNIT_TYPE_ENUM getLayoutMeasureUnit() const { return measureUnit_; }
+    /// Sets the unit; the measures stay as they are.
     void setLayoutMeasureUnit(MMS_COMP_SMIL_UNIT_TYPE_ENUM unit) { measureUnit_ = unit; }
     /// As MMS_COMP_SMILLayout::setRootLayout().
     MMS_COMP_SMILRootLayout* setRootLayout(int width, int height);
+    /// As MMS_COMP_SMILLayout::setRootLayout() of an element.
     int setRootLayout(QDomElement* element);
     /// The size as texts: "px" is understood, an empty text becomes -1, one that is no number 0. The
     /// third text is not used.
     MMS_COMP_SMILRootLayout* setRootLayout(const QString& width, const QString& height, const QString&);
     /// As MMS_COMP_SMILLayout::appendRegion().
     void appendRegion(MMS_COMP_SMILRegion* region);
+    /// As MMS_COMP_SMILLayout::appendRegion() of values.
     MMS_COMP_SMILRegion* appendRegion(float left, float top, float width, float height, const QString& fit,
                                       const QString& id);
     /// The measures as texts: "px" is understood, an empty text becomes -1, one without a leading
     /// number 0. A "%" in any of them makes per cent the unit of the whole document.
     MMS_COMP_SMILRegion* appendRegion(const QString& left, const QString& top, const QString& width,
                                       const QString& height, const QString& fit, const QString& id);
-    /// The ids of the two standard regions: "text" and "image".
+    /// The id of the standard region of texts: "text".
     static QString getTextRegionId();
+    /// The id of the standard region of pictures: "image".
     static QString getImgRegionId();
 
+    /// Number of meta entries.
     int getMetaCount() const { return metas_.count(); }
     /// The entry at `index`, the document's own, or null when out of range.
     MMS_COMP_SMILMeta* getMeta(int index) const { return metas_.at(index); }
@@ -81,6 +93,7 @@ public:
     MMS_COMP_SMILTimingContainer* appendSlide();
     /// Appends the slide, which the document takes over; false for null.
     bool appendSlide(MMS_COMP_SMILTimingContainer* slide);
+    /// Number of slides.
     int getTotalSlidesNum() const { return slides_.count(); }
     /// The slide at `index`, the document's own, or null when out of range.
     MMS_COMP_SMILTimingContainer* getSlide(int index) const { return slides_.at(index); }
@@ -88,8 +101,9 @@ public:
     int getMediaObjectCount(int slideIndex) const;
     /// Null when there is no such slide or object.
     MMS_COMP_SMILMediaObject* getMediaObject(int slideIndex, int index) const;
-    /// As the slide's insert() and remove(); false too when there is no such slide.
+    /// As the slide's insert(); false too when there is no such slide.
     bool insertMediaObject(int slideIndex, int index, MMS_COMP_SMILMediaObject* object);
+    /// As the slide's remove(); false too when there is no such slide.
     bool deleteMediaObject(int slideIndex, int index);
 
     /// Adds a media element of a presentation that is being read to the last slide, or to a new one of
@@ -114,6 +128,7 @@ public:
     /// Whether no slide has anything to show.
     bool isEmpty() const;
 
+    /// The container, which is not owned; null when there is none.
     MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
     /// Gives the container, which is not taken over, to the document and to every slide; media objects
     /// keep theirs.

@@ -26,21 +26,30 @@ public:
 
     /// Milliseconds; -1 not given, -2 "indefinite".
     int getDur() const { return duration_; }
+    /// Sets the duration.
     void setDur(int milliseconds) { duration_ = milliseconds; }
     /// Whether the user fixed the duration.
     bool getSetDurManually() const { return durationSetManually_; }
+    /// Says whether the user fixed the duration.
     void setSetDurManually(bool manually) { durationSetManually_ = manually; }
+    /// The container, which is not owned; null when there is none.
     MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
     /// The container for objects made from now on; those there keep theirs.
     void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
-    /// Copies of the colour records; kind 3 until set.
+    /// A copy of the record of the page colour; kind 3 until set.
     MMS_COMP_COLOR getPageColor() const { return pageColor_; }
+    /// A copy of the record of the text colour; kind 3 until set.
     MMS_COMP_COLOR getTextColor() const { return textColor_; }
+    /// Sets the page colour.
     void setPageColor(const MMS_COMP_COLOR& color) { pageColor_ = color; }
+    /// Sets the text colour.
     void setTextColor(const MMS_COMP_COLOR& color) { textColor_ = color; }
+    /// The size of the text as the presentation gives it; empty until set.
     QString getTextSize() const { return textSize_; }
+    /// Sets the size of the text.
     void setTextSize(const QString& size) { textSize_ = size; }
 
+    /// Number of objects.
     int getMediaObjectCount() const { return count(); }
     /// The object at `index`, the slide's own, or null when out of range.
     MMS_COMP_SMILMediaObject* getMediaObject(int index) const { return at(index); }
@@ -58,10 +67,13 @@ public:
     bool isBlank() const;
     /// False if an image or a video comes after a text, else true.
     bool isTextBellowImg() const;
+    /// Whether there is an object of that type.
     bool isElemExist(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) const;
+    /// Whether there is a video.
     bool isVideoExist() const;
     /// Whether there is an image or a video.
     bool isImageExist() const;
+    /// Whether there is an audio.
     bool isAudioExist() const;
     /// The octets of all objects' own payloads; a part that two objects share counts twice. At most
     /// the largest int.
@@ -69,15 +81,20 @@ public:
 
     /// The first object of that type, or null. With `take` it leaves the slide and is the caller's.
     MMS_COMP_SMILMediaObject* getElem(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, bool take = false);
+    /// The same for a text.
     MMS_COMP_SMILMediaObject* getTextElem(bool take = false);
+    /// The same for a video.
     MMS_COMP_SMILMediaObject* getVideoElem(bool take = false);
+    /// The same for an image.
     MMS_COMP_SMILMediaObject* getImgElem(bool take = false);
+    /// The same for an audio.
     MMS_COMP_SMILMediaObject* getAudioElem(bool take = false);
     /// The first image, or without one the first video.
     MMS_COMP_SMILMediaObject* getImgObjectLikeElem(bool take = false);
 
     /// Releases the body part of the first object of that type and deletes the object.
     void removeElem(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
+    /// The same for the first text.
     void removeTextElem();
     /// Removes the first image and the first video.
     void removeImgLikeElem();

@@ -91,7 +91,7 @@ public:
     /// sets type 2, an unreadable one type 3. A missing `time` is ignored.
     static void parseTime(const QString& text, MMS_COMP_SMIL_TIME* time);
     /// Reads a colour into `color`: one of sixteen names, "#rrggbb", or "#rgb" whose digits are the
-    /// components themselves (#fff is 15, 15, 15). The outcome is the record's kind: 0 for an empty
+    /// components themselves ("#fff" is 15, 15, 15). The outcome is the record's kind: 0 for an empty
     /// text, 1 named, 2 numeric, 3 unreadable.
     static void parseColor(const QString& text, MMS_COMP_COLOR& color);
 
