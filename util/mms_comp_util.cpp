@@ -2,10 +2,13 @@
 
 #include "platform/mime/am_mime_type.h"
 #include "platform/mime/util_mime_type.h"
+#include "platform/utility/setting.h"
+#ifdef LUM_BUILD_UI
 #include "platform/ui/icon_reader.h"
 #include "platform/ui/message_box.h"
-#include "platform/utility/setting.h"
+#endif
 
+#include <QDebug>
 #include <QFile>
 #include <QObject>
 #include <QStringList>
@@ -120,8 +123,12 @@ int MMS_COMP_Util::printTimeStamp(const QString&, int) {
 }
 
 void MMS_COMP_Util::noFlashMsgBox() {
-    LumMessageBox::information(nullptr, RES_ICON_Reader::getIcon("Dialog_Error.gif", true),
-                               translated("TXT_RID_CONTENT_ICON_MEMORY_IS_FULL_ACTION_IS_NOT_ALLOWED",
-                                          "Memory is full, Action is not allowed!"),
+    const QString notice = translated("TXT_RID_CONTENT_ICON_MEMORY_IS_FULL_ACTION_IS_NOT_ALLOWED",
+                                      "Memory is full, Action is not allowed!");
+#ifdef LUM_BUILD_UI
+    LumMessageBox::information(nullptr, RES_ICON_Reader::getIcon("Dialog_Error.gif", true), notice,
                                translated("TXT_RID_D1BUTTON_OK", "ok"), QString(), QString(), 1);
+#else
+    qCritical().noquote() << notice;
+#endif
 }

@@ -46,6 +46,7 @@ public:
     /// there for callers that pass a label, and are not used.
     static int printTimeStamp(const QString& text, int count);
 
-    /// Tells the user, in a modal box, that the memory is full. Returns when the box is closed.
+    /// Tells the user, in a modal box, that the memory is full. Returns when the box is closed. In a
+    /// build without the user interface library the text goes to the error log instead.
     static void noFlashMsgBox();
 };

@@ -1,0 +1,71 @@
+// The programs in examples/, one handing its message to the next, and their copies in the README.
+
+#include "tests/octets.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+
+namespace {
+
+QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Runs an example in `folder`; what it said, or null when it did not end with that status.
+QString run(const QTemporaryDir& folder, const char* example, const QStringList& arguments, int status = 0) {
+    QProcess process;
+    process.setWorkingDirectory(folder.path());
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(QString(EXAMPLES) + '/' + example, arguments);
+    if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit ||
+        process.exitCode() != status)
+        return QString();
+    return QString("") + QString::fromUtf8(process.readAll());
+}
+
+TEST(Examples, composeReadAndEdit) {
+    const QTemporaryDir folder;
+    QImage picture(16, 16, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    ASSERT_TRUE(picture.save(folder.filePath("sea.jpg")));
+    ASSERT_TRUE(QDir(folder.path()).mkdir("seen"));
+
+    EXPECT_EQ(run(folder, "compose_message", {"sea.jpg", "first.mms"}), "");
+    EXPECT_EQ(run(folder, "read_message", {"first.mms", "seen"}),
+              "from \"+15550101\" subject \"Holidays\"\n"
+              "slide 1 \"Greetings from the sea\"\n"
+              "saved \"seen/picture1.jpg\"\n");
+    EXPECT_EQ(contents(folder.filePath("seen/picture1.jpg")), contents(folder.filePath("sea.jpg")));
+
+    EXPECT_EQ(run(folder, "edit_message", {"first.mms", "Back again", "second.mms"}), "");
+    EXPECT_EQ(run(folder, "read_message", {"second.mms", "seen"}, 2), // never over a file that is there
+              "from \"\" subject \"Re: Holidays\"\n"
+              "slide 1 \"Back again\"\n");
+}
+
+TEST(Examples, tellWhatTheyCannotUse) {
+    const QTemporaryDir folder;
+    QFile cut(folder.filePath("cut.mms"));
+    ASSERT_TRUE(cut.open(QIODevice::WriteOnly));
+    cut.write("\x8C\x80\x98");
+    cut.close();
+    EXPECT_EQ(run(folder, "read_message", {"cut.mms", "."}, 1), "");
+    EXPECT_EQ(run(folder, "edit_message", {"cut.mms", "text", "new.mms"}, 1), "");
+    EXPECT_EQ(run(folder, "read_message", {"missing.mms", "."}, 2), "");
+    EXPECT_EQ(run(folder, "compose_message", {"missing.jpg", "new.mms"}, 2), "");
+}
+
+TEST(Examples, standInTheReadme) {
+    const QByteArray readme = contents(QString(SOURCES) + "/README.md");
+    for (const char* example : {"read_message", "compose_message"}) {
+        const QByteArray source = contents(QString(SOURCES) + "/examples/" + example + ".cpp");
+        ASSERT_FALSE(source.isEmpty());
+        EXPECT_TRUE(readme.contains("```cpp\n" + source + "```\n")) << example << " differs";
+    }
+}
+
+} // namespace

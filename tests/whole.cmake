@@ -1,0 +1,29 @@
+# Tests of what the project offers as a whole: the examples, the interface, the installation.
+
+foreach(example read_message compose_message edit_message)
+    add_executable(${example} examples/${example}.cpp)
+    target_link_libraries(${example} PRIVATE lumsmilparser)
+    add_dependencies(examples_test ${example})
+endforeach()
+target_compile_definitions(examples_test PRIVATE EXAMPLES="$<TARGET_FILE_DIR:read_message>"
+                           SOURCES="${CMAKE_CURRENT_SOURCE_DIR}")
+
+set(libraries lummmsutility lummime lumsmilparser)
+if(LUM_BUILD_UI)
+    list(APPEND libraries lummmsui)
+endif()
+foreach(library ${libraries})
+    add_test(NAME symbols_${library} COMMAND tests/symbols/compare $<TARGET_FILE:${library}>
+             tests/symbols/${library}.txt WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+endforeach()
+
+# a program that is built without the sanitizers cannot use libraries that are built with them
+if(NOT LUM_SANITIZE)
+    add_test(NAME install COMMAND ${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR}
+             --prefix ${CMAKE_BINARY_DIR}/installed)
+    add_test(NAME outside_program COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/install/check
+             ${CMAKE_BINARY_DIR}/installed ${CMAKE_BINARY_DIR}/outside)
+    set_tests_properties(install PROPERTIES FIXTURES_SETUP installation)
+    set_tests_properties(outside_program PROPERTIES FIXTURES_REQUIRED installation
+                         ENVIRONMENT CXX=${CMAKE_CXX_COMPILER})
+endif()
