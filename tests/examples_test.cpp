@@ -35,10 +35,9 @@ TEST(Examples, composeReadAndEdit) {
     ASSERT_TRUE(QDir(folder.path()).mkdir("seen"));
 
     EXPECT_EQ(run(folder, "compose_message", {"sea.jpg", "first.mms"}), "");
-    EXPECT_EQ(run(folder, "read_message", {"first.mms", "seen"}),
-              "from \"+15550101\" subject \"Holidays\"\n"
-              "slide 1 \"Greetings from the sea\"\n"
-              "saved \"seen/picture1.jpg\"\n");
+    EXPECT_EQ(run(folder, "read_message", {"first.mms", "seen"}), "from \"+15550101\" subject \"Holidays\"\n"
+                                                                  "slide 1 \"Greetings from the sea\"\n"
+                                                                  "saved \"seen/picture1.jpg\"\n");
     EXPECT_EQ(contents(folder.filePath("seen/picture1.jpg")), contents(folder.filePath("sea.jpg")));
 
     EXPECT_EQ(run(folder, "edit_message", {"first.mms", "Back again", "second.mms"}), "");
