@@ -19,7 +19,7 @@ unsigned char FromField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) cons
     const unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (result != CODEC_READ)
         return result;
-    if (!buffer->hasMore())
+    if (length < 0 || !buffer->hasMore())
         return CODEC_MALFORMED;
     const unsigned char token = buffer->readByte();
     msg->setFromPlaceholder();

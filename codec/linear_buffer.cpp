@@ -3,6 +3,15 @@
 #include <algorithm>
 #include <cstring>
 
+namespace {
+
+/// Whether `n` octets are left; not even none behind the end, where the lenient read leads.
+bool fits(const LinearBuffer& buffer, int n) {
+    return n >= 0 && n <= buffer.getLength() - buffer.getPosition();
+}
+
+} // namespace
+
 LinearBuffer::LinearBuffer(unsigned char* data, int length) : data_(data), length_(std::max(length, 0)) {
 }
 
@@ -14,7 +23,7 @@ bool LinearBuffer::readByte(unsigned char* out) {
 }
 
 const unsigned char* LinearBuffer::skip(int n) {
-    if (n < 0 || n > restLength())
+    if (!fits(*this, n))
         return nullptr;
     const unsigned char* begin = rest();
     position_ += n;
@@ -22,10 +31,11 @@ const unsigned char* LinearBuffer::skip(int n) {
 }
 
 bool LinearBuffer::readData(unsigned char* out, int n) {
-    const unsigned char* begin = skip(n);
-    if (begin && n)
-        std::memcpy(out, begin, static_cast<size_t>(n));
-    return begin != nullptr;
+    if (!fits(*this, n))
+        return false;
+    if (n)
+        std::memcpy(out, skip(n), static_cast<size_t>(n));
+    return true;
 }
 
 bool LinearBuffer::appendByte(unsigned char octet) {
@@ -33,7 +43,7 @@ bool LinearBuffer::appendByte(unsigned char octet) {
 }
 
 bool LinearBuffer::appendData(const unsigned char* src, int n) {
-    if (n < 0 || n > restLength())
+    if (!fits(*this, n))
         return false;
     if (n)
         std::memcpy(data_ + position_, src, static_cast<size_t>(n));

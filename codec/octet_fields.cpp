@@ -60,3 +60,10 @@ unsigned char MsgSizeField::writeField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) 
 int MsgSizeField::fieldSize(MMS_UA_UAMsg* msg) const {
     return IntegerBinary::sizeOf(msg->getMsgSize()) + 1;
 }
+
+unsigned char DistributionIndField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const {
+    if (!buffer->hasMore())
+        return CODEC_MALFORMED;
+    msg->setDistributionInd(buffer->readByte() == 128);
+    return CODEC_READ;
+}

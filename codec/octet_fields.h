@@ -73,11 +73,6 @@ class LUM_EXPORT SenderVisibilityField final
     : public FlagField<FIELD_SENDER_VISIBILITY, &MMS_UA_UAMsg::getSenderVisibility,
                        &MMS_UA_UAMsg::setSenderVisibility, 129> {};
 
-/// Distribution-Indicator, 0xB1: 128 Yes, 129 No. The encoder has no writer for it.
-class LUM_EXPORT DistributionIndField final
-    : public FlagField<FIELD_DISTRIBUTION_INDICATOR, &MMS_UA_UAMsg::getDistributionInd,
-                       &MMS_UA_UAMsg::setDistributionInd> {};
-
 /// Priority, 0x8F: 128 Low, 129 Normal, 130 High.
 class LUM_EXPORT PriorityField final : public OctetField {
     FIELD_CODE code() const override;
@@ -98,4 +93,10 @@ public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;
     unsigned char writeField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;
     int fieldSize(MMS_UA_UAMsg* msg) const override;
+};
+
+/// Distribution-Indicator, 0xB1: 128 Yes, 129 No. Only read: it writes nothing and takes no octets.
+class LUM_EXPORT DistributionIndField final : public FieldBase {
+public:
+    unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;
 };

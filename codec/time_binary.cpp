@@ -61,15 +61,14 @@ int SecondsBinary::sizeOf(time_t seconds) {
 
 unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, unsigned int* seconds) {
     int length = 0; // not used to bound the rest
-    const unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
+    unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (result != CODEC_READ)
         return result;
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     *token = buffer->readByte();
-    if (*token != ABSOLUTE && *token != RELATIVE)
-        return CODEC_MALFORMED;
-    return SecondsBinary::readFrom(buffer, seconds);
+    result = SecondsBinary::readFrom(buffer, seconds); // taken in behind an unknown token, too
+    return *token == ABSOLUTE || *token == RELATIVE ? result : static_cast<unsigned char>(CODEC_MALFORMED);
 }
 
 unsigned char TimeBinary::readFrom(LinearBuffer* buffer, QDateTime* out) {

@@ -271,7 +271,8 @@ TEST(Decoder, AbsentAndOddValues) {
     EXPECT_EQ(placeholder.msg.getFrom().getType(), 2);
     EXPECT_TRUE(placeholder.msg.getFrom().isEmpty());
     EXPECT_TRUE(placeholder.msg.fieldsPresent(0x100));
-    EXPECT_EQ(Decoded(octets("89 01 80")).msg.getFrom().getName(), "NoBody"); // too short for an address
+    EXPECT_EQ(Decoded(octets("89 01 80")).msg.getFrom().getName(), "NoBody");      // too short for an address
+    EXPECT_EQ(Decoded(octets("89 1F 8F FF FF FF 7F 81")).result, CODEC_MALFORMED); // a count below zero
     for (const char* absent : {"8E 00", "8E 80", "98 00", "93 00", "96 00", "8B 00", "83 00"}) {
         Decoded d(octets(absent));
         EXPECT_EQ(d.result, CODEC_READ) << absent;
@@ -372,6 +373,9 @@ TEST(Encoder, ValuesOfFields) {
     MMS_UA_Encoder encoder;
     EXPECT_EQ(encoder.sizeOfEncodedHeader(&msg), 5);
     EXPECT_EQ(encoder.encodeField(FIELD_DISTRIBUTION_INDICATOR), CODEC_REFUSED);
+    const std::unique_ptr<FieldBase> readOnly(MMS_UA_Decoder().selectReader(FIELD_DISTRIBUTION_INDICATOR));
+    EXPECT_EQ(readOnly->writeField(nullptr, &msg), CODEC_READ);
+    EXPECT_EQ(readOnly->fieldSize(&msg), 0);
     EXPECT_EQ(encoder.encodeField(FIELD_SUBJECT), CODEC_WRITTEN); // absent
     EXPECT_EQ(MMS_UA_Encoder().encodeHeader(nullptr, nullptr, nullptr), CODEC_NO_MESSAGE);
 }

@@ -59,6 +59,7 @@ TEST(LinearBuffer, CursorBounds) {
     EXPECT_FALSE(buffer.readByte(&octet));
     EXPECT_EQ(buffer.getPosition(), 3);
     EXPECT_FALSE(buffer.appendByte(1));
+    EXPECT_FALSE(buffer.readData(out, 0)); // not even nothing is there
     EXPECT_EQ(buffer.restLength(), 0);
     buffer.rewind(INT_MAX);
     EXPECT_EQ(buffer.getPosition(), 0);
@@ -218,6 +219,7 @@ TEST(Times, ReadAndWritten) {
         Input input(octets(bad));
         EXPECT_EQ(TimeBinary::readFrom(&input.buffer, &time), CODEC_MALFORMED) << bad;
         EXPECT_TRUE(time.isNull());
+        EXPECT_FALSE(input.buffer.hasMore()) << bad; // what was read stays read
     }
     for (const char* utc : {"1970-01-01T00:00:05Z", "1999-07-01T10:00:00Z", "2026-11-21T09:30:00Z",
                             "2038-01-19T03:14:08Z", "2106-02-07T06:28:15Z"}) {
