@@ -1,0 +1,10 @@
+# One program for each bench/*_bench.cpp.
+find_package(benchmark REQUIRED)
+add_library(lumbench STATIC bench/pair.cpp bench/messages.cpp)
+target_link_libraries(lumbench PUBLIC lumsmilparser benchmark::benchmark)
+file(GLOB bench_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/bench/*_bench.cpp)
+foreach(source ${bench_sources})
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE lumbench)
+endforeach()
