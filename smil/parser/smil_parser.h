@@ -96,7 +96,9 @@ public:
     static void parseColor(const QString& text, MMS_COMP_COLOR& color);
 
     /// Gives the document the phone's two regions, "text" above "image", and moves the media objects'
-    /// references along. 1 when done, 0 without a document.
+    /// references along. 1 when done, 0 without a document. Two regions are told apart by their places,
+    /// never by their names: run on its own result, as when a written presentation is read, it may move
+    /// the region of a layout that had one only, and exchange two of which "image" is listed first.
     static int updateToVarnelioRegion(MMS_COMP_SMILData* data);
     /// Makes the root layout 120 wide and 160 high, or creates it so. Not part of parse(): call it
     /// before composing a new presentation.
