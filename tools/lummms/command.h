@@ -33,3 +33,6 @@ struct Command {
 
 Command showCommand();
 Command smilCommand();
+Command composeCommand();
+Command unpackCommand();
+Command renderCommand();

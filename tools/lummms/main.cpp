@@ -5,12 +5,14 @@
 #include "tools/lummms/message.h"
 #include "tools/lummms/terminal.h"
 
+#include <QtGlobal>
+
 #include <algorithm>
 
 namespace {
 
 QList<Command> allCommands() {
-    return {showCommand(), smilCommand()};
+    return {showCommand(), unpackCommand(), composeCommand(), renderCommand(), smilCommand()};
 }
 
 QString overview(const QList<Command>& commands) {
@@ -133,9 +135,21 @@ int runNamed(QStringList arguments) {
     return EXIT_UNUSABLE;
 }
 
+QtMessageHandler qtsHandler = nullptr;
+
+/// Drops Qt's own notes, about pictures that are broken and the like: this program tells its errors
+/// itself, each in one line. What categories of this library log when asked to still comes through.
+void dropNotesOfQt(QtMsgType type, const QMessageLogContext& context, const QString& text) {
+    const QLatin1String category(context.category);
+    const bool isNote = type == QtDebugMsg || type == QtInfoMsg || type == QtWarningMsg;
+    if (!isNote || !(category == QLatin1String("default") || category.startsWith(QLatin1String("qt."))))
+        qtsHandler(type, context, text);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    qtsHandler = qInstallMessageHandler(dropNotesOfQt);
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments += QString::fromLocal8Bit(argv[i]);

@@ -11,9 +11,16 @@
 #include "util/mms_comp_util.h"
 
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStringList>
 
 #include <limits>
+
+namespace {
+
+constexpr int CONTENT_MISSING = 3; // the reader's warning
+
+} // namespace
 
 QString whyNotOpened(const QString& path) {
     const QFileInfo info(path);
@@ -60,8 +67,42 @@ void Message::readPresentation() {
     if (!smilPart)
         return;
     MMS_COMP_SMILParser parser;
-    smilStatus = parser.parse(smilPart->getBodyData(), &body, &presentation);
+    smilStatus = parser.parse(smilPart->getBodyData(), &body, presentation.get());
     smilWarning = parser.getLastWarning();
+}
+
+/// Adds an empty part for every reference of the presentation that no part answers to.
+void Message::addStandIns() {
+    constexpr int mostStandIns = 100; // each makes the search for every other reference longer
+    static const QRegularExpression reference("\\ssrc\\s*=\\s*(\"([^\"<]*)\"|'([^'<]*)')");
+    const QArray<char>& smil = smilPart->getBodyData();
+    const QString text = QString::fromUtf8(smil.data(), smil.size());
+    QSet<QString> seen;
+    QRegularExpressionMatchIterator match = reference.globalMatch(text);
+    while (match.hasNext() && standIns_.size() < mostStandIns) {
+        const QRegularExpressionMatch found = match.next();
+        QString src = found.captured(2) + found.captured(3);
+        src = src.replace("&amp;", "&").trimmed();
+        if (src.isEmpty() || seen.contains(src))
+            continue;
+        seen.insert(src);
+        if (body.getBodyPartBySrc(src, MMS_COMP_SMILMultipartBodypart::ORDINARY_PART) ||
+            body.getBodyPartBySrc(src, MMS_COMP_SMILMultipartBodypart::PRESENTATION_PART))
+            continue;
+        auto* part = new MMS_COMP_SMILMultipartBodypart;
+        part->setContentLocation(src);
+        body.appendBodypart(part);
+        standIns_.insert(part);
+    }
+}
+
+void Message::readPresentationWithGaps() {
+    readPresentation();
+    if (smilStatus || smilWarning != CONTENT_MISSING)
+        return;
+    addStandIns();
+    presentation = std::make_unique<MMS_COMP_SMILData>(&body);
+    MMS_COMP_SMILParser().parse(smilPart->getBodyData(), &body, presentation.get());
 }
 
 QString Message::causeOfMalformation() const {

@@ -5,7 +5,10 @@
 #include "qt2/qarray.h"
 #include "smil/model/presentation.h"
 
+#include <QSet>
 #include <QString>
+
+#include <memory>
 
 class MMS_COMP_SMILMultipartBodypart;
 
@@ -34,6 +37,11 @@ public:
     /// Reads the presentation, if there is one. The reader marks the parts that it links to slides, so
     /// whoever wants to see the parts as they came looks at them before.
     void readPresentation();
+    /// The same, but keeps media elements whose content is not in the message: an empty part, added to
+    /// the body, stands in for it.
+    void readPresentationWithGaps();
+    /// Whether a part only stands in for content that is not there.
+    bool isMissing(const MMS_COMP_SMILMultipartBodypart* part) const { return standIns_.contains(part); }
 
     /// What kept the message from being read whole; empty for a sound message.
     QString causeOfMalformation() const;
@@ -52,10 +60,13 @@ public:
     int bodyStatus = 0;
     /// The part with the presentation; null when there is none, or before readPresentation().
     MMS_COMP_SMILMultipartBodypart* smilPart = nullptr;
-    MMS_COMP_SMILData presentation{&body};
+    std::unique_ptr<MMS_COMP_SMILData> presentation = std::make_unique<MMS_COMP_SMILData>(&body);
     int smilStatus = 0;
     int smilWarning = 0;
 
 private:
+    void addStandIns();
+
+    QSet<const MMS_COMP_SMILMultipartBodypart*> standIns_;
     QArray<char> octets_; // the header's bodyStart points into them
 };

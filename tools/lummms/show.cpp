@@ -85,7 +85,7 @@ int show(const CommandLine& line) {
         return message.verdict(path);
     }
     print(headerForPerson(message.header) + partsForPerson(message));
-    message.readPresentation();
+    message.readPresentationWithGaps();
     print(slidesForPerson(message));
     return message.verdict(path);
 }

@@ -160,8 +160,8 @@ QJsonArray slidesJson(Message& message) {
     for (int i = 0; i < message.body.getPartCount(); ++i)
         indexOf.insert(message.body.getBodypartByIndex(i, false), i);
     QJsonArray slides;
-    for (int i = 0; i < message.presentation.getTotalSlidesNum(); ++i) {
-        const MMS_COMP_SMILTimingContainer& slide = *message.presentation.getSlide(i);
+    for (int i = 0; i < message.presentation->getTotalSlidesNum(); ++i) {
+        const MMS_COMP_SMILTimingContainer& slide = *message.presentation->getSlide(i);
         QJsonArray objects;
         for (const MMS_COMP_SMILMediaObject* object : slide)
             objects += objectJson(*object, indexOf);
@@ -194,7 +194,7 @@ QJsonObject regionJson(const MMS_COMP_SMILRegion& region) {
 }
 
 QJsonObject presentationJson(Message& message) {
-    const MMS_COMP_SMILData& presentation = message.presentation;
+    const MMS_COMP_SMILData& presentation = *message.presentation;
     QJsonArray metas;
     for (int i = 0; i < presentation.getMetaCount(); ++i)
         metas += QJsonObject{{"name", presentation.getMeta(i)->getName()},

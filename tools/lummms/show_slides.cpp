@@ -31,10 +31,10 @@ QString timesOf(const MMS_COMP_SMILMediaObject& object) {
     return times;
 }
 
-QString contentOf(const MMS_COMP_SMILMediaObject& object) {
+QString contentOf(const Message& message, const MMS_COMP_SMILMediaObject& object) {
     const QString src = printable(object.getSrc());
     const MMS_COMP_SMILMultipartBodypart* part = object.getData();
-    if (!part)
+    if (!part || message.isMissing(part))
         return src + QStringLiteral(" (content missing)");
     const QString name = part->getContentLocation().isEmpty() ? src : printable(part->getContentLocation());
     if (object.getMediaElementType() == MMS_COMP_SMIL_MEDIA_TEXT)
@@ -43,18 +43,18 @@ QString contentOf(const MMS_COMP_SMILMediaObject& object) {
         .arg(name, typeOf(*part), counted(part->getBodyData().size(), "octet"));
 }
 
-QString objectLine(const MMS_COMP_SMILMediaObject& object) {
+QString objectLine(const Message& message, const MMS_COMP_SMILMediaObject& object) {
     const QString region = printable(object.getRegionId());
     const QString where = region.isEmpty() ? region : QStringLiteral("in region \"%1\"").arg(region);
     return QStringLiteral("    %1 %2 %3%4\n")
         .arg(kindWord(object.getMediaElementType()).leftJustified(8), where.leftJustified(18),
-             contentOf(object), timesOf(object));
+             contentOf(message, object), timesOf(object));
 }
 
-QString slideBlock(int number, const MMS_COMP_SMILTimingContainer& slide) {
+QString slideBlock(const Message& message, int number, const MMS_COMP_SMILTimingContainer& slide) {
     QString text = QStringLiteral("  Slide %1, %2\n").arg(number).arg(durationWords(slide.getDur()));
     for (const MMS_COMP_SMILMediaObject* object : slide)
-        text += objectLine(*object);
+        text += objectLine(message, *object);
     if (slide.isBlank())
         text += QStringLiteral("    (nothing to show)\n");
     return text;
@@ -78,7 +78,7 @@ QString regionLine(const MMS_COMP_SMILRegion& region, QChar unit) {
 QString slidesForPerson(const Message& message) {
     if (!message.smilPart)
         return QString();
-    const MMS_COMP_SMILData& presentation = message.presentation;
+    const MMS_COMP_SMILData& presentation = *message.presentation;
     const int slides = presentation.getTotalSlidesNum();
     QString text = QStringLiteral("\nPresentation: %1").arg(counted(slides, "slide"));
     const MMS_COMP_SMILRootLayout* screen = presentation.getRootLayout();
@@ -92,6 +92,6 @@ QString slidesForPerson(const Message& message) {
         text +=
             QStringLiteral("  Note: %1\n").arg(explained(smilWarningWords, "warning", message.smilWarning));
     for (int i = 0; i < slides; ++i)
-        text += slideBlock(i + 1, *presentation.getSlide(i));
+        text += slideBlock(message, i + 1, *presentation.getSlide(i));
     return text;
 }

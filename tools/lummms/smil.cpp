@@ -3,7 +3,7 @@
 #include "multipart/body_part.h"
 #include "smil/parser/smil_parser.h"
 #include "tools/lummms/command.h"
-#include "tools/lummms/media_type.h"
+#include "tools/lummms/media_files.h"
 #include "tools/lummms/message.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"

@@ -1,7 +1,5 @@
 #include "tools/lummms/terminal.h"
 
-#include <QStringView>
-
 #include <cstdio>
 #include <unistd.h>
 
@@ -32,7 +30,7 @@ QString escaped(QStringView text, bool keepLineEnds) {
         const char16_t unit = text.at(i).unicode();
         if (keepLineEnds && unit == u'\n')
             shown += u'\n';
-        else if (isControl(unit) || isHiddenMark(unit) || isHalfPair(text, i))
+        else if (isUnprintable(text, i))
             shown += QStringLiteral("\\u") + QString::number(unit, 16).rightJustified(4, u'0');
         else
             shown += text.at(i);
@@ -46,6 +44,11 @@ void write(std::FILE* stream, const QString& text) {
 }
 
 } // namespace
+
+bool isUnprintable(QStringView text, qsizetype at) {
+    const char16_t unit = text.at(at).unicode();
+    return isControl(unit) || isHiddenMark(unit) || isHalfPair(text, at);
+}
 
 QString printable(const QString& text) {
     qsizetype length = text.size();

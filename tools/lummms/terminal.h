@@ -1,10 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
-/// A text from a message as it may be shown on a terminal: closing NULs left out, and every character
-/// that could steer the terminal or turn the line around (controls, bidirectional controls, half
-/// surrogate pairs) written as \u and four hexadecimal digits.
+/// Whether the unit at `at` could steer a terminal or turn a line around: a control, a mark of
+/// direction or line, half of a surrogate pair.
+bool isUnprintable(QStringView text, qsizetype at);
+
+/// A text from a message as it may be shown on a terminal: closing NULs left out, and every unit that
+/// is unprintable written as \u and four hexadecimal digits.
 QString printable(const QString& text);
 
 /// The same for a document of several lines, whose line ends stay. JSON remains the same JSON by it.

@@ -1,0 +1,42 @@
+#include "tools/lummms/wbmp.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace {
+
+constexpr int LARGEST_SIDE = 4096; // far more than the screens that such pictures are for
+
+/// Takes a multi-octet integer from the front: seven bits an octet, the highest first, the top bit set on
+/// all but the last.
+std::optional<int> takeNumber(QByteArrayView& octets) {
+    int number = 0;
+    while (!octets.isEmpty() && number <= LARGEST_SIDE) {
+        const auto octet = static_cast<unsigned char>(octets.front());
+        octets = octets.sliced(1);
+        number = number * 128 + (octet & 0x7F);
+        if (octet < 0x80)
+            return number;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+QImage wbmpPicture(QByteArrayView octets) {
+    if (octets.size() < 2 || octets[0] != 0 || octets[1] != 0) // type 0, no further headers
+        return QImage();
+    octets = octets.sliced(2);
+    const std::optional<int> width = takeNumber(octets);
+    const std::optional<int> height = takeNumber(octets);
+    if (!width || !height || *width < 1 || *height < 1 || *width > LARGEST_SIDE || *height > LARGEST_SIDE)
+        return QImage();
+    const qsizetype row = (*width + 7) / 8;
+    if (octets.size() < row * *height)
+        return QImage();
+    QImage picture(*width, *height, QImage::Format_Mono);
+    picture.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
+    for (int y = 0; y < *height; ++y)
+        std::copy_n(octets.data() + y * row, row, reinterpret_cast<char*>(picture.scanLine(y)));
+    return picture;
+}
