@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -64,6 +65,28 @@ TEST(Examples, standInTheReadme) {
         const QByteArray source = contents(QString(SOURCES) + "/examples/" + example + ".cpp");
         ASSERT_FALSE(source.isEmpty());
         EXPECT_TRUE(readme.contains("```cpp\n" + source + "```\n")) << example << " differs";
+    }
+}
+
+TEST(Readme, namesEveryFolderOptionAndCommand) {
+    const QString readme = contents(QString(SOURCES) + "/README.md");
+    QStringList folders = QDir(SOURCES).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    folders.removeAll("build");
+    for (const QString& folder : folders)
+        EXPECT_TRUE(readme.contains('`' + folder + '/')) << qPrintable(folder);
+    const struct {
+        const char* file;
+        const char* names;
+        const char* inReadme;
+    } rows[] = {{"CMakeLists.txt", "^(?:option|set)\\((LUM_\\w+)", "| `%1` |"},
+                {"dev", "^\\./dev (\\w+)", "| `./dev %1"}};
+    for (const auto& row : rows) {
+        const QString text = contents(QString(SOURCES) + '/' + row.file);
+        const QRegularExpression names(row.names, QRegularExpression::MultilineOption);
+        for (auto found = names.globalMatch(text); found.hasNext();) {
+            const QString name = found.next().captured(1);
+            EXPECT_TRUE(readme.contains(QString(row.inReadme).arg(name))) << qPrintable(name);
+        }
     }
 }
 
