@@ -51,7 +51,6 @@ bool readRecord(Part& part, const QByteArray& octets) {
 
 TEST(BodyPart, TypesAndTheirCodes) {
     Part part;
-    EXPECT_EQ(part.getMimeFormat(), "/");
     EXPECT_EQ(Part::getTypePartFromFormat("a/b/c") + Part::getSubTypePartFromFormat("a/b/c"), "ac");
     EXPECT_EQ(Part::getTypePartFromFormat("image") + Part::getSubTypePartFromFormat("image"), "");
     part.setContentSubType("3GP");
@@ -59,13 +58,8 @@ TEST(BodyPart, TypesAndTheirCodes) {
     part.setSupport(static_cast<Part::MEDIA_SUPPORT>(2));
     EXPECT_FALSE(part.setContentType(-7) || part.setSubTypeCode(-7) || part.setCharsetByCode(-7));
     EXPECT_EQ(part.getSupport(), 2);
-    EXPECT_TRUE(part.setContentType(4));
-    EXPECT_EQ(part.getContentType(), "application");
-    EXPECT_EQ(part.getContentTypeByCode(), 4);
-    EXPECT_TRUE(part.setSubTypeCode(70));
-    EXPECT_EQ(part.getSubTypeCode(), 70);
+    EXPECT_TRUE(part.setContentType(4) && part.setSubTypeCode(70));
     EXPECT_EQ(part.getSupport(), 0);
-    EXPECT_EQ(part.getMimeFormat(), "application/vnd.wap.multipart.related");
     part.setCharset("vnd.wap.multipart.related"); // looked up among the sub-types, deliberately
     EXPECT_EQ(part.getCharsetByCode(), 70);
 }
@@ -76,11 +70,9 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
     EXPECT_EQ(part.setBodyData(data), 0);
     data[0] = 'x';
     EXPECT_EQ(QByteArray(part.getBodyData()), "abc");
-    part.setRefCount(4);
     part.setSubBody(partAt("inner"), -1);
     const Part copy(part);
     EXPECT_EQ(copy.getBodyData().data(), part.getBodyData().data());
-    EXPECT_EQ(copy.getRefCount(), 4);
     EXPECT_NE(copy.getSubBody(0), part.getSubBody(0));
     EXPECT_EQ(copy.getSubBody(0)->getContentLocation(), "inner");
     part.getSubBody(0)->setBodyData("12345", 5);
@@ -89,45 +81,26 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
     EXPECT_TRUE(part.getBodyData().isEmpty());
 }
 
-TEST(BodyPart, SubBodiesAreInsertedWhereOneIs) {
-    Part part;
-    const std::pair<const char*, int> inserted[] = {{"a", 5}, {"b", -1}, {"c", 0}, {"d", 1}};
-    for (const auto& [name, index] : inserted)
-        EXPECT_TRUE(part.setSubBody(partAt(name), index));
-    QString order;
-    for (unsigned int i = 0; part.getSubBody(i); ++i)
-        order += part.getSubBody(i)->getContentLocation();
-    EXPECT_EQ(order, "cdab");
-    EXPECT_FALSE(part.setSubBody(nullptr, 0) || part.rmSubBody(4) || part.rmSubBody(~0u));
-}
-
 TEST(BodyPart, DeletionLeavesListsAndLinksBehind) {
     MMS_COMP_SMILMultipart one, other;
     Part* part = partAt("a");
     one.appendBodypart(part);
-    BodypartLink link(part);
-    const BodypartLink second = link;
     one.appendBodypart(part); // again: it only moves to the end
     EXPECT_EQ(one.getPartCount(), 1);
     other.insertBodypart(part, 0);
     EXPECT_EQ(one.getPartCount(), 0);
-    EXPECT_EQ(other.getPartCount(), 1);
+    const BodypartLink link(part), second = link;
     EXPECT_EQ(link.get(), part);
     delete part;
     EXPECT_EQ(other.getPartCount(), 0);
-    EXPECT_EQ(link.get(), nullptr);
-    EXPECT_EQ(second.get(), nullptr);
+    EXPECT_TRUE(!link.get() && !second.get());
 
     one.appendBodypart(partAt("b"));
-    std::unique_ptr<Part> taken(one.getBodypartByIndex(0, true));
+    Part* taken = one.getBodypartByIndex(0, true);
     EXPECT_EQ(taken->getOwner(), nullptr);
-    EXPECT_EQ(BodypartLink(nullptr).get(), nullptr);
-    {
-        MMS_COMP_SMILMultipart passing;
-        passing.appendBodypart(taken.get());
-        link = taken.release();
-    }
-    EXPECT_EQ(link.get(), nullptr);
+    const BodypartLink last(taken);
+    MMS_COMP_SMILMultipart(one).appendBodypart(taken); // dies with the container
+    EXPECT_EQ(last.get(), nullptr);
 }
 
 TEST(BodyPart, NoPartHoldsItself) {
@@ -135,10 +108,12 @@ TEST(BodyPart, NoPartHoldsItself) {
     Part* middle = root->getSubBody(0);
     EXPECT_FALSE(root->setSubBody(root.get(), -1));
     EXPECT_FALSE(middle->getSubBody(0)->setSubBody(root.get(), -1));
-    EXPECT_FALSE(middle->getSubBody(0)->setSubBody(middle, -1));
     EXPECT_TRUE(root->setSubBody(middle->getSubBody(0), 0)); // moves up
     EXPECT_EQ(middle->getSubBodyCount(), 0);
-    EXPECT_EQ(root->getSubBodyCount(), 2);
+    EXPECT_EQ(root->getSubBody(1), middle);
+    EXPECT_TRUE(root->setSubBody(partAt("last"), 5));
+    EXPECT_EQ(root->getSubBody(2)->getContentLocation(), "last");
+    EXPECT_FALSE(root->setSubBody(nullptr, 0) || root->rmSubBody(4) || root->rmSubBody(~0u));
 }
 
 TEST(BodyPartRecord, IsByteExact) {
@@ -157,7 +132,7 @@ TEST(BodyPartRecord, IsByteExact) {
     EXPECT_EQ(read.getRefCount(), 1);
 }
 
-TEST(BodyPartRecord, TreesComeBackAndCutOnesStop) {
+TEST(BodyPartRecord, TreesComeBackAndCutOrDeepOnesStop) {
     Part part;
     part.setSubBody(partAt("one"), -1);
     part.setSubBody(partAt("two"), -1);
@@ -172,16 +147,11 @@ TEST(BodyPartRecord, TreesComeBackAndCutOnesStop) {
         Part cut;
         EXPECT_FALSE(readRecord(cut, record.left(size))) << size;
     }
+    for (const int levels : {16, 17})
+        EXPECT_EQ(readRecord(*std::make_unique<Part>(), recordOf(*chain(levels))), levels == 16);
     Part claimed; // two thousand million sub-bodies, none of them there
     EXPECT_FALSE(readRecord(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
     EXPECT_EQ(claimed.getSubBodyCount(), 0);
-}
-
-TEST(BodyPartRecord, NestingEndsAtSixteen) {
-    for (const int levels : {16, 17}) {
-        Part read;
-        EXPECT_EQ(readRecord(read, recordOf(*chain(levels))), levels == 16);
-    }
 }
 
 class BodyPartFile : public testing::Test {
@@ -195,8 +165,7 @@ protected:
 
     static void put(const QString& path, const QByteArray& octets) {
         QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(octets);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(octets) == octets.size());
     }
     static QByteArray get(const QString& path) {
         QFile file(path);
@@ -209,21 +178,16 @@ protected:
 };
 
 TEST_F(BodyPartFile, IsNamedAfterDisplayNameOrLocation) {
-    const struct {
-        const char *shown, *location, *file;
-    } rows[] = {{"", "dir/a.jpg", "a.jpg"},
-                {"", "b.jpg", "b.jpg"},
-                {"sub/c.jpg", "x", "sub/c.jpg"},
-                {"back\\slash", "x", "back\\slash"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.file);
-        part_.setDispFileName(row.shown);
-        part_.setContentLocation(row.location);
-        put(root_ + '/' + row.file, "something longer");
+    part_.setContentLocation("dir/a.jpg");
+    const std::pair<const char*, const char*> rows[] = {
+        {"", "a.jpg"}, {"sub/c.jpg", "sub/c.jpg"}, {"back\\slash", "back\\slash"}};
+    for (const auto& [shown, name] : rows) {
+        part_.setDispFileName(shown);
+        put(root_ + '/' + name, "something longer");
         QString path;
         EXPECT_TRUE(part_.saveBodyDataToFile(path));
-        EXPECT_EQ(path, MMS_UTIL_Common::getTmpDir() + row.file);
-        EXPECT_EQ(get(root_ + '/' + row.file), QByteArray("\0new", 4));
+        EXPECT_EQ(path, MMS_UTIL_Common::getTmpDir() + name);
+        EXPECT_EQ(get(path), QByteArray("\0new", 4));
     }
     QString path = "untouched";
     EXPECT_FALSE(Part().saveBodyDataToFile(path));

@@ -45,32 +45,25 @@ TEST(Multipart, FindsPartsByReferenceAndKind) {
     Part* part = add(body, "A.JPG", "<One>");
     add(body, "b", "a.jpg");
     part->setDispFileType(0);
-    EXPECT_EQ(body.getBodyPartBySrc("a.jpg", 0), part);
     EXPECT_EQ(body.getBodyPartBySrc("a.jpg", 1)->getContentLocation(), "b");
     part->setDispFileType(1);
     EXPECT_EQ(body.getBodyPartBySrc("a.jpg", 1), part);
     EXPECT_EQ(body.getBodyPartBySrc("cid:one", 1), part);
     EXPECT_EQ(body.getBodyPartBySrc("cid:a.JPG", 1)->getContentLocation(), "b");
-    EXPECT_EQ(body.getBodyPartBySrc("<a.jpg", 0), nullptr);
-    EXPECT_EQ(body.getBodyPartBySrc("", 1), nullptr);
+    EXPECT_TRUE(!body.getBodyPartBySrc("<a.jpg", 0) && !body.getBodyPartBySrc("", 1));
 }
 
 TEST(Multipart, PartsGoWhereTheyAreInserted) {
-    MMS_COMP_SMILMultipart body;
+    MMS_COMP_SMILMultipart body, other;
     const std::pair<const char*, int> inserted[] = {{"a", 7}, {"b", -3}, {"c", 1}, {"d", 3}, {"e", 0}};
-    for (const auto& [name, index] : inserted) {
-        auto* part = new Part;
-        part->setContentLocation(name);
-        EXPECT_EQ(body.insertBodypart(part, index), 0);
-    }
+    for (const auto& [name, index] : inserted)
+        EXPECT_EQ(body.insertBodypart(add(other, name), index), 0);
     EXPECT_EQ(order(body), "ebcad");
     EXPECT_EQ(body.insertBodypart(nullptr, 0), -21);
     EXPECT_EQ(body.getBodypartByIndex(5, true), nullptr);
     EXPECT_EQ(body.deletePart(-1), -22);
-    const std::unique_ptr<Part> taken(body.getBodypartByIndex(1, true));
+    EXPECT_EQ(body.deletePart(1), 0);
     EXPECT_EQ(order(body), "ecad");
-    EXPECT_EQ(body.deletePart(0), 0);
-    EXPECT_EQ(order(body), "cad");
 }
 
 TEST(Multipart, SharedPartsLoseReferencesFirst) {
@@ -80,7 +73,6 @@ TEST(Multipart, SharedPartsLoseReferencesFirst) {
     add(body, "X")->setRefCount(2);
     add(body, "x");
     EXPECT_EQ(body.deletePartBySrc(""), -22);
-    EXPECT_EQ(body.deletePartBySrc("none"), 0);
     EXPECT_EQ(body.deletePartBySrc("x"), 0);
     EXPECT_EQ(order(body), "yXx");
     EXPECT_EQ(body.getBodypartByIndex(1, false)->getRefCount(), 1);
@@ -96,16 +88,13 @@ TEST(Multipart, UniqueLocations) {
         QString wanted, unique;
     } rows[] = {
         {"free", {}, "dir/a&b.gif", "ab.gif"},
-        {"taken", {"PHOTO.jpg"}, "photo.jpg", "photo_0.jpg"},
-        {"taken twice", {"photo.jpg", "photo_0.jpg"}, "c:\\photo.jpg", "photo_1.jpg"},
+        {"taken twice", {"PHOTO.jpg", "photo_0.jpg"}, "c:\\photo.jpg", "photo_1.jpg"},
         {"no extension", {"photo"}, "photo", "photo_0"},
         {"too long", {}, a100 + ".jpeg", a84 + ".jpeg"},
         {"too long, no extension", {}, a100, a88 + "_0"},
         {"uncut, no extension", {}, QString(95, 'a'), QString(95, 'a')},
         {"no URL", {}, "1:2.jpg", "renamed.jpg"},
         {"no URL, no extension", {}, "1:2", "renamed_0"},
-        {"nothing", {}, "", "renamed_0"},
-        {"endless extension", {}, "photo." + a100, "photo"},
         {"endless extension, taken", {"photo"}, "photo." + a100, "photo_0"},
         {"extension valid once", {"x.:"}, "x.:", "x"},
     };
@@ -122,8 +111,6 @@ TEST(Multipart, TakenNames) {
     MMS_COMP_SMILMultipart body;
     EXPECT_TRUE(body.isPartExist(QString(100, 'a')));
     EXPECT_FALSE(body.isPartExist(QString(99, 'a')));
-    EXPECT_TRUE(body.isPartExist("1:2"));
-    EXPECT_TRUE(body.isPartExist(""));
     add(body, "", " <file0.JPG> ");
     add(body, "FILE1.jpg")->setDispFileType(0);
     EXPECT_TRUE(body.isPartExist("cid:file0.jpg"));
@@ -137,14 +124,13 @@ TEST(Multipart, PresentationPart) {
     EXPECT_EQ(body.getSmilPart(), nullptr);
     Part* first = add(body, "s.smil", "<s>");
     first->setContentType("Application");
-    Part* second = add(body, "t.smil");
-    EXPECT_EQ(body.getSmilPart(), nullptr);
     first->setContentSubType("SMIL");
     body.setMimeType("multipart"); // not a related body
     EXPECT_EQ(body.getSmilPart(), nullptr);
     body.setMimeType("Application");
     EXPECT_EQ(body.getSmilPart(), first);
     EXPECT_EQ(first->getDispFileType(), 0);
+    Part* second = add(body, "t.smil");
     body.setStart("T.smil");
     EXPECT_EQ(second->getDispFileType(), 0);
     EXPECT_EQ(body.getSmilPart(), second);
@@ -153,26 +139,23 @@ TEST(Multipart, PresentationPart) {
 TEST(Multipart, AttachmentsOfRelatedAndMixedBodies) {
     MMS_COMP_SMILMultipart body;
     add(body, "s")->setDispFileType(0);
-    add(body, "a")->setContentType("image");
+    Part* image = add(body, "a");
+    image->setContentType("image");
     add(body, "b")->setContentType("Audio");
     EXPECT_EQ(body.getAttachmentCount(), 2);
-    EXPECT_EQ(body.getAttachment(1)->getContentLocation(), "b");
-    EXPECT_EQ(body.getAttachment(2), nullptr);
-    EXPECT_EQ(body.getAttachment(-1), nullptr);
-    bool attachment = false, image = false, audio = true;
-    body.isContainAttachImgAudio(&attachment, &image, &audio, nullptr);
-    EXPECT_TRUE(attachment && image);
-    EXPECT_FALSE(audio); // written "Audio"
+    EXPECT_EQ(body.getAttachment(0), image);
+    EXPECT_TRUE(!body.getAttachment(2) && !body.getAttachment(-1));
+    bool found[] = {false, false, true};
+    body.isContainAttachImgAudio(&found[0], &found[1], &found[2], nullptr);
+    EXPECT_TRUE(found[0] && found[1] && !found[2]); // "Audio" does not count
     body.setMimeType("multipart");
     EXPECT_EQ(body.getAttachmentCount(), 3);
-    EXPECT_EQ(body.getAttachment(0)->getContentLocation(), "s");
+    EXPECT_EQ(body.getAttachment(1), image);
 
-    EXPECT_FALSE(body.isContainUPI());
-    EXPECT_EQ(body.getFirstUPIPart(true), nullptr);
-    body.getAttachment(1)->setPartFlags(1);
+    EXPECT_TRUE(!body.isContainUPI() && !body.getFirstUPIPart(true));
+    image->setPartFlags(1);
     EXPECT_TRUE(body.isContainUPI());
-    const std::unique_ptr<Part> prompting(body.getFirstUPIPart(true));
-    EXPECT_EQ(prompting->getContentLocation(), "a");
+    EXPECT_EQ(std::unique_ptr<Part>(body.getFirstUPIPart(true)).get(), image);
     EXPECT_EQ(order(body), "sb");
 }
 
@@ -181,16 +164,14 @@ TEST(Multipart, CopiesAndClearing) {
     body.setBoundary("b");
     body.setOtherContentTypeParam("o");
     body.setStart("s");
-    add(body, "a")->setBodyData("xyz", 3);
+    add(body, "a");
     MMS_COMP_SMILMultipart copy(body);
-    EXPECT_EQ(copy.getStart(), "s");
-    EXPECT_TRUE(copy.getBoundary().isNull() && copy.getOtherContentTypeParam().isNull());
+    EXPECT_TRUE(copy.getStart() == "s" && copy.getBoundary().isNull());
+    EXPECT_TRUE(copy.getOtherContentTypeParam().isNull());
     copy.copyFrom(copy);
-    EXPECT_EQ(order(copy), "aa");
-    EXPECT_EQ(order(body), "a");
+    EXPECT_EQ(order(copy) + order(body), "aaa");
     body.clear();
     EXPECT_EQ(body.getPartCount(), 0);
     EXPECT_EQ(body.getExtType(), ""); // not that of a new container
-    EXPECT_EQ(body.getMimeType(), "application");
     EXPECT_EQ(body.getStart() + body.getBoundary() + body.getOtherContentTypeParam(), "bo");
 }

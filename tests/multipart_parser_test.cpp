@@ -29,41 +29,27 @@ Part* addSmil(MMS_COMP_SMILMultipart& body, const QString& location) {
 
 } // namespace
 
-TEST(MultipartParameters, ValuesAreFoundByPlainSearch) {
+TEST(MultipartParameters, FoundAndStrippedByPlainSearch) {
     const struct {
-        const char *params, *start, *type;
-    } rows[] = {{"type=application/smil;start=s1", "s1", "application/smil"},
-                {"start=a", "a", ""},
-                {"", "", ""},
-                {"start=;type=", "", ""},
-                {"subtype=x;type=y", "", "x"}, // also the end of a longer name
-                {"Start=a", "", ""}};
+        const char *params, *start, *type, *others;
+    } rows[] = {{"type=application/smil;start=s1", "s1", "application/smil", ""},
+                {"start=a", "a", "", ""},
+                {"start=;type=", "", "", ""},
+                {"Start=a", "", "", "Start=a"},
+                {"subtype=x;type=y", "", "x", "sub;type=y"}, // also the end of a longer name
+                {"x=1;type=t;y=2;start=s;z=3", "s", "t", "x=1;y=2;z=3"},
+                {"x=1;;start=s;;z=3", "s", "", "x=1;;z=3"},
+                {"start=s;;;z=3", "s", "", ";z=3"}};
     for (const auto& row : rows) {
         SCOPED_TRACE(row.params);
         EXPECT_EQ(Parser::parseStart(row.params), row.start);
         EXPECT_EQ(Parser::parseExtType(row.params), row.type);
+        EXPECT_EQ(Parser::otherParamListStrExceptStartType(row.params), row.others);
     }
 }
 
-TEST(MultipartParameters, StrippingJoinsTheRest) {
-    const struct {
-        const char *params, *rest;
-    } rows[] = {{"a=1;b=2;c=3", "a=1;c=3"},
-                {"b=2;c=3", "c=3"},
-                {"a=1;b=2", "a=1"},
-                {"b=2", ""},
-                {"a=1", "a=1"},
-                {"a=1;;b=2;;c=3", "a=1;;c=3"},
-                {"b=2;;;c=3", ";c=3"},
-                {"a=1;xb=2;b=3", "a=1;x;b=3"}};
-    for (const auto& row : rows)
-        EXPECT_EQ(Parser::stripParam("b", row.params), row.rest) << row.params;
-    EXPECT_EQ(Parser::otherParamListStrExceptStartType("x=1;type=t;y=2;start=s;z=3"), "x=1;y=2;z=3");
-}
-
 TEST(MultipartParser, CodecResults) {
-    const int rows[][2] = {{0, 0},    {1, -19},  {2, -19},  {9, -19},  {10, 0},
-                           {11, -18}, {16, -18}, {17, -20}, {255, -20}};
+    const int rows[][2] = {{0, 0}, {1, -19}, {9, -19}, {10, 0}, {11, -18}, {16, -18}, {17, -20}};
     for (const auto& [code, status] : rows)
         EXPECT_EQ(Parser::handleErr(static_cast<unsigned char>(code)), status) << code;
 }
@@ -77,14 +63,12 @@ TEST(MultipartParser, SettlesWhatWasReceived) {
     header.setContentType({"application", "vnd.wap.multipart.related", "x=1;type=t/u;start=cid:S;y=2"});
     MMS_COMP_SMILMultipart body;
     EXPECT_EQ(Parser::parse(octetsOfBody, nullptr, &body), -6);
-    EXPECT_EQ(Parser::parse(octetsOfBody, &header, nullptr), -6);
     EXPECT_EQ(Parser::parse(octetsOfBody.chopped(2), &header, &body), -19);
     EXPECT_EQ(body.getPartCount(), 2);
     EXPECT_EQ(body.getBodypartByIndex(1, false)->getContentLocation(), ""); // not settled yet
     body.clear();
     EXPECT_EQ(Parser::parse(octetsOfBody, &header, &body), 0);
     ASSERT_EQ(body.getPartCount(), 3);
-    EXPECT_EQ(body.getBodypartByIndex(0, false)->getContentLocation(), "img");
     EXPECT_EQ(body.getBodypartByIndex(0, false)->getDispFileName(), "img");
     EXPECT_TRUE(body.getBodypartByIndex(1, false)->getContentLocation().startsWith("file0.jp"));
     EXPECT_EQ(body.getBodypartByIndex(2, false)->getContentLocation(), "file0.txt");
@@ -97,7 +81,6 @@ TEST(MultipartParser, SettlesWhatWasReceived) {
     textual.setBoundary("b");
     EXPECT_EQ(Parser::parse(octetsOfBody, &header, &textual), 0);
     EXPECT_EQ(textual.getPartCount(), 0);
-    EXPECT_EQ(textual.getStart(), "");
 }
 
 TEST(MultipartParser, EveryPartGetsALocation) {
@@ -112,17 +95,14 @@ TEST(MultipartParser, EveryPartGetsALocation) {
         EXPECT_EQ(body.getBodypartByIndex(i, false)->getContentLocation(), rows[i][0]);
         EXPECT_EQ(body.getBodypartByIndex(i, false)->getDispFileName(), rows[i][1]);
     }
-}
 
-TEST(MultipartParser, HundredsOfPartsMayWantOneName) {
-    MMS_COMP_SMILMultipart body;
-    for (int i = 0; i < 255; ++i)
+    for (int i = 0; i < 255; ++i) // all of them may want one name
         add(body, "", "photo.jpg");
     QElapsedTimer timer;
     timer.start();
     Parser::checkLocation(&body);
     EXPECT_LT(timer.elapsed(), 1000); // some ten milliseconds without a sanitizer
-    EXPECT_EQ(body.getBodypartByIndex(254, false)->getContentLocation(), "photo_253.jpg");
+    EXPECT_EQ(body.getBodypartByIndex(258, false)->getContentLocation(), "photo_253.jpg");
 }
 
 TEST(MultipartParser, AssembledContentTypes) {
@@ -133,8 +113,7 @@ TEST(MultipartParser, AssembledContentTypes) {
     } rows[] = {
         {"related", true, "", "", "", nullptr, "type=application/smil"},
         {"related, all", true, "s", "b", "x", "o=1", "start=s;boundary=b;type=application/smil;o=1"},
-        {"mixed", false, "", "", "", nullptr, ""},
-        {"mixed, others alone", false, "", "", "", "o=1", "o=1"},
+        {"mixed", false, "", "", "", "o=1", "o=1"},
         {"mixed, boundary", false, "", "b", "", ";o=1", "boundary=b;o=1"},
         {"mixed, type kept", false, "s", "", "t/u", "", "start=s;type=t/u"},
     };
@@ -151,9 +130,8 @@ TEST(MultipartParser, AssembledContentTypes) {
         int status = 7;
         const QByteArray encoded = Parser::assembleBody(&body, &header, &status);
         EXPECT_EQ(status, 0);
-        EXPECT_EQ(static_cast<int>(encoded.at(0)), row.presentation);
+        EXPECT_EQ(encoded.at(0), row.presentation);
         const MMS_CONTENT_TYPE_T type = header.getContentType();
-        EXPECT_EQ(type.type, "application");
         EXPECT_EQ(type.subType, row.presentation ? "vnd.wap.multipart.related" : "vnd.wap.multipart.mixed");
         EXPECT_EQ(type.parameters, row.params);
     }
@@ -161,36 +139,44 @@ TEST(MultipartParser, AssembledContentTypes) {
 
 TEST(MultipartParser, FailedAssemblyLeavesTheHeader) {
     MMS_COMP_SMILMultipart body;
+    for (int i = 0; i < 100; ++i)
+        addSmil(body, QString(40, 'x')); // more headers than there is room for
     MMS_UTIL_MsgHeaderBase header;
     header.setContentType({"a", "b", "c"});
-    int status = 7;
-    EXPECT_TRUE(Parser::assembleBody(nullptr, &header, &status).isNull());
-    EXPECT_EQ(status, -6);
-    EXPECT_TRUE(Parser::assembleBody(&body, nullptr).isNull());
-    qputenv("LUM_MMS_MAX_SIZE_KB", "1"); // more headers than there is room for
-    for (int i = 0; i < 100; ++i)
-        addSmil(body, QString(40, 'x'));
-    EXPECT_TRUE(Parser::assembleBody(&body, &header, &status).isNull());
+    qputenv("LUM_MMS_MAX_SIZE_KB", "1");
+    const std::pair<MMS_COMP_SMILMultipart*, int> rows[] = {{nullptr, -6}, {&body, -18}};
+    for (const auto& [sent, expected] : rows) {
+        int status = 7;
+        EXPECT_TRUE(Parser::assembleBody(sent, &header, &status).isNull());
+        EXPECT_EQ(status, expected);
+    }
     qunsetenv("LUM_MMS_MAX_SIZE_KB");
-    EXPECT_EQ(status, -18);
     EXPECT_EQ(header.getContentType().subType, "b");
 }
 
 TEST(MultipartParser, WhatIsAssembledIsReadAgain) {
     MMS_COMP_SMILMultipart sent, received;
     addSmil(sent, "p.smil")->setContentID("<p>");
-    add(sent, u"bücher.txt"_qs)->setContentType("text");
-    sent.getBodypartByIndex(1, false)->setContentSubType("plain");
-    sent.getBodypartByIndex(1, false)->setBodyData("text\0text", 9);
+    const char* types[] = {"text/plain", "image/jpeg", "audio/imelody", "video/x-other",
+                           "application/vnd.oma.drm.message"}; // by number, spelt out, or renamed
+    for (const QString type : types) {
+        Part* part = add(sent, u"bücher "_qs + type);
+        part->setContentType(Part::getTypePartFromFormat(type));
+        part->setContentSubType(Part::getSubTypePartFromFormat(type));
+        part->setBodyData("\0text\xC3\0\xFF", 8);
+    }
     sent.setStart("<p>");
     MMS_UTIL_MsgHeaderBase header;
     const QArray<char> octetsOfBody = Parser::assembleBody(&sent, &header);
     ASSERT_EQ(Parser::parse(octetsOfBody, &header, &received), 0);
-    ASSERT_EQ(received.getPartCount(), 2);
+    ASSERT_EQ(received.getPartCount(), sent.getPartCount());
     EXPECT_EQ(received.getSmilPart(), received.getBodypartByIndex(0, false));
-    EXPECT_EQ(received.getSmilPart()->getContentID(), "<p>");
-    const Part* text = received.getBodypartByIndex(1, false);
-    EXPECT_EQ(text->getContentLocation(), u"bücher.txt"_qs);
-    EXPECT_EQ(QByteArray(text->getBodyData()), QByteArray("text\0text", 9));
-    EXPECT_EQ(text->getMimeFormat(), "text/plain");
+    for (int i = 0; i < sent.getPartCount(); ++i) {
+        const Part *was = sent.getBodypartByIndex(i, false), *is = received.getBodypartByIndex(i, false);
+        SCOPED_TRACE(was->getMimeFormat().toStdString());
+        EXPECT_EQ(is->getMimeFormat(), was->getMimeFormat());
+        EXPECT_EQ(is->getContentID(), was->getContentID());
+        EXPECT_EQ(is->getContentLocation(), was->getContentLocation());
+        EXPECT_TRUE(is->getBodyData() == was->getBodyData());
+    }
 }
