@@ -2,6 +2,10 @@
 
 #include "multipart/body_part.h"
 
+BodypartList::BodypartList() {
+    parts_.setAutoDelete(true);
+}
+
 BodypartList::~BodypartList() {
     clear();
 }

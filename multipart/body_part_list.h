@@ -10,7 +10,7 @@
 /// that somebody deletes leaves the list at once. Null is refused.
 class LUM_EXPORT BodypartList final : private BodypartOwner {
 public:
-    BodypartList() { parts_.setAutoDelete(true); }
+    BodypartList();
     BodypartList(const BodypartList&) = delete;
     BodypartList& operator=(const BodypartList&) = delete;
     /// Deletes the parts.

@@ -89,6 +89,7 @@ public:
 
     /// Empties the list, deleting the items if it owns them.
     void clear() {
+        static_assert(sizeof(T) > 0, "the destructor of a type that is only declared would not run");
         QList<T*> items;
         items.swap(items_); // an item that looks at the list while it is deleted finds it empty
         if (autoDelete_)
