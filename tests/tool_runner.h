@@ -2,7 +2,9 @@
 
 #include "tests/octets.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
@@ -53,8 +55,12 @@ inline QByteArray zeroed(const QByteArray& text) {
     return text + '\0';
 }
 
-/// An entry of a multipart body: HeadersLen, DataLen, content type, headers, data (each length below 128).
+/// An entry of a multipart body: HeadersLen, DataLen, content type, headers, data. Content type and headers
+/// stay below 128 octets.
 inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers, const QByteArray& data) {
     const QByteArray head = char(contentType.size()) + contentType + headers;
-    return QByteArray(1, char(head.size())) + char(data.size()) + head + data;
+    QByteArray lengths(1, char(head.size()));
+    if (data.size() > 127)
+        lengths += char(0x80 | (data.size() >> 7)); // two octets reach to 16383
+    return lengths + char(data.size() & 0x7F) + head + data;
 }

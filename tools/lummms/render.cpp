@@ -19,7 +19,7 @@
 namespace {
 
 constexpr int USUAL_SCALE = 2;
-constexpr int LARGEST_SCALE = 6; // the picture's width stays below what Qt can draw on
+constexpr int LARGEST_SCALE = 4; // with many slides the picture has 24 megapixels then
 
 /// What Qt wants of its surroundings to draw: a locale with UTF-8 and a platform without a display.
 void prepareSurroundings() {
@@ -102,7 +102,7 @@ Command renderCommand() {
         "A message without a presentation is shown part by part.\n",
         {
             {{"o", "output"}, "The file to write; its ending tells the kind.", "FILE"},
-            {"scale", "Pixels of the picture for a pixel of the phone, 1 to 6 (usually 2).", "NUMBER"},
+            {"scale", "Pixels of the picture for a pixel of the phone, 1 to 4 (usually 2).", "NUMBER"},
         },
         {"FILE"},
         {},

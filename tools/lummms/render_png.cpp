@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int MAX_SLIDES_DRAWN = 40; // beside each other; the picture's width is bounded by Qt
+constexpr int MAX_SLIDES_DRAWN = 30; // beside each other; the picture is to be one that can be opened
 constexpr int MARGIN = 6;            // around each slide
 constexpr int FONT_PIXELS = 12;
 constexpr int LINE = 15; // a line under the slide: duration, then sounds and other objects

@@ -1,0 +1,323 @@
+#include "codec/ua_decoder.h"
+#include "codec/ua_encoder.h"
+#include "codec/ua_msg.h"
+#include "multipart/body_part.h"
+#include "multipart/multipart.h"
+#include "multipart/multipart_parser.h"
+#include "smil/model/presentation.h"
+#include "smil/parser/smil_parser.h"
+#include "tests/tool_runner.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QRandomGenerator>
+#include <QSet>
+
+#include <memory>
+
+namespace {
+
+using ComposeTest = ToolTest;
+
+/// A PDU as a receiving application reads it.
+struct Received {
+    explicit Received(QByteArray pdu) : octets(std::move(pdu)) {
+        auto length = static_cast<unsigned int>(octets.size());
+        EXPECT_EQ(
+            MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char*>(octets.data()), length, &header),
+            0);
+        if (!header.bodyStart)
+            return;
+        const QArray<char> rest(QByteArray(reinterpret_cast<char*>(header.bodyStart), header.bodyLength));
+        EXPECT_EQ(MMS_COMP_SMILMultipartParser::parse(rest, &header, &body), 0);
+        smilPart = body.getSmilPart();
+        if (smilPart) {
+            MMS_COMP_SMILParser parser;
+            EXPECT_EQ(parser.parse(smilPart->getBodyData(), &body, &presentation), 0);
+            EXPECT_EQ(parser.getLastWarning(), 0) << "every object has its content";
+        }
+    }
+
+    QByteArray payload(int part) { return body.getBodypartByIndex(part, false)->getBodyData(); }
+    QByteArray payload(int slide, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) {
+        const MMS_COMP_SMILMediaObject* object = presentation.getSlide(slide)->getElem(type);
+        return object && object->getData() ? QByteArray(object->getData()->getBodyData()) : QByteArray();
+    }
+    QString smil() { return smilPart ? QString::fromUtf8(QByteArray(smilPart->getBodyData())) : QString(); }
+
+    QByteArray octets;
+    MMS_UA_UAMsg header;
+    MMS_COMP_SMILMultipart body;
+    MMS_COMP_SMILMultipartBodypart* smilPart = nullptr;
+    MMS_COMP_SMILData presentation{&body};
+};
+
+/// A text as the header codec reads back what it wrote: one that begins beyond ASCII keeps the zero that
+/// closed it.
+QString readBack(const QString& text) {
+    return text.at(0).unicode() < 0x80 ? text : text + QChar::Null;
+}
+
+/// Encodes a message again, as an application that passes it on.
+QByteArray encoded(Received& message) {
+    int status = -1;
+    const QByteArray body =
+        MMS_COMP_SMILMultipartParser::assembleBody(&message.body, &message.header, &status);
+    EXPECT_EQ(status, 0);
+    unsigned char* octets = nullptr;
+    int length = 0;
+    EXPECT_EQ(MMS_UA_Encoder().encodeHeader(&message.header, &octets, &length), 10);
+    const std::unique_ptr<unsigned char[]> owner(octets);
+    return QByteArray(reinterpret_cast<char*>(octets), length) + body;
+}
+
+TEST_F(ComposeTest, EverythingAskedForIsThere) {
+    const Outcome made = lummms({"compose",
+                                 "-o",
+                                 path("m.mms"),
+                                 "--from",
+                                 "+1",
+                                 "--to",
+                                 "+2",
+                                 "--to",
+                                 "a@b.c",
+                                 "--cc",
+                                 "3",
+                                 "--bcc",
+                                 "é@x.y",
+                                 "--subject",
+                                 "Grüße <b>",
+                                 "--priority",
+                                 "high",
+                                 "--delivery-report",
+                                 "--read-reply",
+                                 "--expiry",
+                                 "3600",
+                                 "--slide",
+                                 "2.5",
+                                 "text:Hello",
+                                 write("p.png", "png"),
+                                 "--slide",
+                                 "indefinite",
+                                 write("s.amr", "#!AMR"),
+                                 "--attach",
+                                 write("card.vcf", "BEGIN:VCARD")});
+    ASSERT_EQ(made.status, 0) << made.err.constData();
+    const QJsonObject json = lummms({"show", "--json", path("m.mms")}).json();
+    const QJsonObject header = json["header"].toObject();
+    const auto address = [](const QJsonValue& entry) {
+        return entry["address"].toString() + QString::number(entry["type"].toInt());
+    };
+    EXPECT_EQ(header["messageTypeName"], "m-send-req");
+    EXPECT_EQ(header["version"], "1.0");
+    EXPECT_FALSE(header["transactionId"].toString().isEmpty());
+    EXPECT_TRUE(header["positions"].toObject().contains("Date"));
+    EXPECT_EQ(address(header["from"]), "+11");
+    EXPECT_EQ(address(header["to"][0]) + address(header["to"][1]), "+21a@b.c0");
+    EXPECT_EQ(address(header["cc"][0]) + address(header["bcc"][0]), "31" + readBack("é@x.y") + "0");
+    EXPECT_EQ(header["subject"], "Grüße <b>");
+    EXPECT_EQ(header["priority"], 130);
+    EXPECT_TRUE(header["deliveryReport"].toBool() && header["readReply"].toBool());
+    EXPECT_NEAR(header["expiry"].toInt(), 3600, 5);
+    EXPECT_TRUE(header["fieldOrderCorrect"].toBool());
+
+    QStringList parts;
+    for (const QJsonValue part : json["body"]["parts"].toArray())
+        parts += part["contentType"].toString() + '/' + part["subType"].toString() + ' ' +
+                 part["contentLocation"].toString();
+    EXPECT_EQ(parts, (QStringList{"application/smil slides.smil", "text/plain text.txt", "image/png p.png",
+                                  "audio/amr s.amr", "text/x-vcard card.vcf"}));
+    const QJsonValue presentation = json["presentation"];
+    EXPECT_EQ(presentation["rootLayout"]["width"], 120);
+    EXPECT_EQ(presentation["slides"][0]["duration"], 2500);
+    EXPECT_EQ(presentation["slides"][0]["objects"][0]["region"], "text");
+    EXPECT_EQ(presentation["slides"][0]["objects"][1]["region"], "image");
+    EXPECT_EQ(presentation["slides"][1]["duration"], -2);
+}
+
+TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
+    const QString picture = write("p.png", "png");
+    const QString large = write("large.jpg", QByteArray(301 * 1024, 'x'));
+    const struct {
+        QStringList arguments;
+        const char* cause;
+    } rows[] = {
+        {{"--slide", "5", "text:a"}, "--to"},
+        {{"--to", ""}, "empty"},
+        {{"--to", "1", "--priority", "urgent"}, "urgent"},
+        {{"--to", "1", "--expiry", "-1"}, "-1"},
+        {{"--to", "1", "--slide", "5"}, "at least one item"},
+        {{"--to", "1", "--slide", "soon", "text:a"}, "soon"},
+        {{"--to", "1", "--slide", "5", path("missing.png")}, "missing.png: no such file"},
+        {{"--to", "1", "--slide", "5", picture, write("v.3gp", "3gp")}, "p.png' and '"},
+        {{"--to", "1", "--slide", "5", "text:one", "text:two"}, "'text:one' and 'text:two'"},
+        {{"--to", "1", "--slide", "5", write("x.zip", "PK")}, "--attach"},
+        {{"--to", "1", "--slide", "5", write("l.txt", "\xE9t\xE9")}, "UTF-8"},
+        {{"--to", "1", "--attach", large}, "308224 octets are more than the 307200"},
+        {{"--to", "1", "stray"}, "stray"},
+    };
+    for (const auto& row : rows) {
+        const Outcome outcome = lummms(QStringList{"compose", "-o", path("m.mms")} + row.arguments);
+        EXPECT_EQ(outcome.status, 2) << row.cause;
+        EXPECT_TRUE(outcome.err.contains(row.cause)) << outcome.err.constData();
+        EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.constData();
+        EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << row.cause;
+    }
+    write("m.mms", "before");
+    EXPECT_EQ(
+        lummms({"compose", "-o", path("m.mms"), "--to", "1", "--slide", "5", "text:" + QString(2000, 'x')},
+               {"LUM_MMS_MAX_SIZE_KB=1"})
+            .status,
+        2);
+    EXPECT_EQ(read("m.mms"), "before");
+}
+
+/// A message made up from a seed, and what must come out of it.
+struct MadeUp {
+    QStringList arguments;
+    struct Slide {
+        QByteArray text, picture, sound;
+    };
+    QList<Slide> slides;
+    QList<QByteArray> attachments;
+};
+
+constexpr const char* TEXTS[] = {"Hello", "Grüße, ça va?", "Привет & <пока>", "日本語のテキスト", "مرحبا",
+                                 "😀🎉",    "\"]]>"};
+constexpr const char* NAMES[] = {"photo",   "a b",    "it's \"<>&", "слайд",    "x;start=y", "ファイル",
+                                 "100%25#", "cid:me", "slides",     ".dot.dot", "text"};
+
+class GeneratedMessages : public ToolTest, public testing::WithParamInterface<int> {
+protected:
+    QString file(QRandomGenerator& random, const QString& extension, QByteArray& octets) {
+        octets.resize(random.bounded(1, 3000));
+        for (char& octet : octets)
+            octet = char(random.bounded(256));
+        QString name = QString::fromUtf8(NAMES[random.bounded(int(std::size(NAMES)))]);
+        if (random.bounded(5) == 0)
+            name += QString(random.bounded(60, 110), 'n');
+        const QString folder = QString::number(files_++); // the same names again and again
+        EXPECT_TRUE(QDir(path("")).mkpath(folder));
+        return write(folder + '/' + name + extension, octets);
+    }
+    MadeUp makeUp(QRandomGenerator& random) {
+        MadeUp made;
+        const int slides = random.bounded(11);
+        for (int i = 0; i < slides; ++i) {
+            MadeUp::Slide slide;
+            made.arguments += {"--slide", QString::number(random.bounded(9000)) + "ms"};
+            const int kinds = random.bounded(1, 8); // a bit for each kind of object
+            if (kinds & 1) {
+                slide.text = TEXTS[random.bounded(int(std::size(TEXTS)))];
+                made.arguments += "text:" + QString::fromUtf8(slide.text);
+            }
+            if (kinds & 2)
+                made.arguments += file(random, random.bounded(2) ? ".jpg" : ".PNG", slide.picture);
+            if (kinds & 4)
+                made.arguments += file(random, ".mid", slide.sound);
+            made.slides += slide;
+        }
+        made.attachments.resize(random.bounded(8));
+        for (QByteArray& attachment : made.attachments)
+            made.arguments += {"--attach", file(random, random.bounded(2) ? ".vcf" : "", attachment)};
+        return made;
+    }
+    static void expectSlide(Received& message, int index, const MadeUp::Slide& slide) {
+        EXPECT_EQ(message.payload(index, MMS_COMP_SMIL_MEDIA_TEXT), slide.text);
+        EXPECT_EQ(message.payload(index, MMS_COMP_SMIL_MEDIA_IMG), slide.picture);
+        EXPECT_EQ(message.payload(index, MMS_COMP_SMIL_MEDIA_AUDIO), slide.sound);
+    }
+    static void expectAll(Received& message, const MadeUp& made) {
+        ASSERT_EQ(message.presentation.getTotalSlidesNum(), made.slides.size());
+        for (int i = 0; i < made.slides.size(); ++i)
+            expectSlide(message, i, made.slides[i]);
+        const int first = message.body.getPartCount() - int(made.attachments.size());
+        for (int i = 0; i < made.attachments.size(); ++i)
+            EXPECT_EQ(message.payload(first + i), made.attachments[i]);
+        QSet<QString> names;
+        for (int i = 0; i < message.body.getPartCount(); ++i)
+            names += message.body.getBodypartByIndex(i, false)->getContentLocation().toLower();
+        EXPECT_EQ(names.size(), message.body.getPartCount()) << "every part has a name of its own";
+        EXPECT_EQ(message.smilPart != nullptr, !made.slides.isEmpty());
+        EXPECT_EQ(message.smil(), message.smilPart
+                                      ? MMS_COMP_SMILParser::convertToSMILLang(&message.presentation)
+                                      : QString());
+    }
+
+private:
+    int files_ = 0;
+};
+
+TEST_P(GeneratedMessages, ArriveAsTheyWereMadeAndStayWhenOneSlideIsEdited) {
+    QRandomGenerator random(static_cast<quint32>(GetParam()));
+    MadeUp made = makeUp(random);
+    const QString subject = QString::fromUtf8(TEXTS[random.bounded(3)]);
+    const Outcome outcome = lummms(
+        QStringList{"compose", "-o", path("m.mms"), "--to", "+49123", "--to", "x@y.z", "--subject", subject} +
+        made.arguments);
+    ASSERT_EQ(outcome.status, 0) << outcome.err.constData();
+    Received received(read("m.mms"));
+    EXPECT_EQ(received.header.getSubject(), readBack(subject));
+    EXPECT_EQ(received.header.getTo().count(), 2);
+    expectAll(received, made);
+    if (made.slides.isEmpty())
+        return;
+
+    const int edited = random.bounded(int(made.slides.size()));
+    MMS_COMP_SMILTimingContainer* slide = received.presentation.getSlide(edited);
+    made.slides[edited].text = "another text";
+    ASSERT_TRUE(slide->updateData(MMS_COMP_SMILData::getTextRegionId(),
+                                  received.presentation.createUniqueSrc("text.txt"), MMS_COMP_SMIL_MEDIA_TEXT,
+                                  "plain", QByteArray("another text"), false, &received.body));
+    received.smilPart->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(&received.presentation).toUtf8());
+    MadeUp kept = made;
+    kept.attachments.clear(); // a new text part comes behind them
+    Received again(encoded(received));
+    expectAll(again, kept);
+    EXPECT_EQ(again.header.getSubject(), received.header.getSubject());
+    EXPECT_EQ(again.header.getTo().at(1)->getAddress(), "x@y.z");
+    EXPECT_EQ(again.header.getTransactionId(), received.header.getTransactionId());
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, GeneratedMessages, testing::Range(1, 31));
+
+QByteArray located(const QByteArray& location, const QByteArray& data) {
+    return entry(octets("83"), octets("8E") + zeroed(location), data);
+}
+
+TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
+    const QByteArray nested = entry(octets("C8"), "", char(2) + located("inner.txt", "i") + located("", "j"));
+    const QByteArray parts[] = {
+        located("../evil.txt", "a"), located("/etc/passwd", "b"),  located("..", "c"),
+        located("x\\y.txt", "d"),    located("dup.txt", "e"),      located("dup.txt", "f"),
+        located("dup.txt", "g"),     located(".profile", "h"),     located("link.txt", "k"),
+        located("mine.txt", "l"),    located("e\x1B[2J.txt", "m"), nested,
+    };
+    QByteArray body(1, char(std::size(parts)));
+    for (const QByteArray& part : parts)
+        body += part;
+    write("m.mms", octets("8C 84 8D 90 84 A3") + body);
+    ASSERT_TRUE(QDir(path("")).mkpath("out"));
+    write("out/mine.txt", "before");
+    ASSERT_TRUE(QFile::link(path("target.txt"), path("out/link.txt")));
+
+    const Outcome outcome = lummms({"unpack", path("m.mms"), path("out")});
+    EXPECT_EQ(outcome.status, 0) << outcome.err.constData();
+    const std::pair<const char*, const char*> files[] = {
+        {"evil.txt", "a"},   {"passwd", "b"},        {"file0.txt", "c"}, {"y.txt", "d"},
+        {"dup.txt", "e"},    {"dup_0.txt", "f"},     {"dup_1.txt", "g"}, {"_profile", "h"},
+        {"link_0.txt", "k"}, {"mine_0.txt", "l"},    {"e_[2J.txt", "m"}, {"inner.txt", "i"},
+        {"file1.txt", "j"},  {"mine.txt", "before"},
+    };
+    for (const auto& [name, octets] : files)
+        EXPECT_EQ(read(QString("out/") + name), octets) << name;
+    EXPECT_EQ(QDir(path("out")).entryList(QDir::Files | QDir::Hidden | QDir::System).size(),
+              qsizetype(std::size(files)) + 1)
+        << "the files and the link";
+    EXPECT_EQ(outcome.out.count('\n'), qsizetype(std::size(files)) - 1) << outcome.out.constData();
+    EXPECT_FALSE(outcome.out.contains('\x1B'));
+    EXPECT_EQ(QDir(path("")).entryList(QDir::Files), QStringList("m.mms")) << "nothing beside the directory";
+    EXPECT_EQ(lummms({"unpack", path("m.mms"), path("m.mms")}).status, 2);
+}
+
+} // namespace

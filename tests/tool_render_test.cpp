@@ -1,0 +1,147 @@
+#include "tests/tool_runner.h"
+
+#include <QBuffer>
+#include <QColor>
+#include <QImage>
+
+namespace {
+
+/// A picture of that size, its left half red and its right half blue.
+QByteArray halves(int width, int height) {
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    for (int y = 0; y < height; ++y)
+        for (int x = width / 2; x < width; ++x)
+            image.setPixelColor(x, y, Qt::blue);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data();
+}
+
+class RenderTest : public ToolTest {
+protected:
+    /// Writes a message with that presentation and a few parts, and renders it.
+    Outcome render(const QByteArray& smil, const QString& output, const QStringList& options = {}) {
+        const QByteArray parts[] = {
+            entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil),
+            entry(octets("A0"), octets("8E") + zeroed("wide.png"), halves(240, 80)),
+            entry(octets("A0"), octets("8E") + zeroed("bad.png"), halves(8, 8).left(40)),
+            entry(octets("83 81 EA"), octets("8E") + zeroed("t.txt"),
+                  "</p><script>alert(1)</script> & \"more\""),
+            entry(zeroed("audio/midi"), octets("8E") + zeroed("s.mid"), "MThd"),
+            // 9 by 2 pixels, white and black rows
+            entry(octets("A1"), octets("8E") + zeroed("w.wbmp"), octets("00 00 09 02 FF 80 00 00")),
+        };
+        QByteArray body(1, char(std::size(parts)));
+        for (const QByteArray& part : parts)
+            body += part;
+        write("m.mms", octets("8C 84 8D 90 96") + zeroed("<img src=x onerror=alert(2)>") +
+                           octets("84 18 B3 8A") + zeroed("<s>") + octets("89") + zeroed("application/smil") +
+                           body);
+        return lummms(QStringList{"render", path("m.mms"), "-o", path(output)} + options);
+    }
+    QColor pixel(const QImage& image, int slide, int x, int y) const {
+        return image.pixelColor(6 + slide * 132 + x, 6 + y); // at --scale 1
+    }
+};
+
+const QByteArray LAYOUT =
+    "<smil><head><layout><root-layout width=\"120\" height=\"160\" "
+    "background-color=\"lime\"/>"
+    "<region id=\"text\" left=\"0\" top=\"0\" width=\"120\" height=\"160\"/>"
+    "<region id=\"image\" left=\"0\" top=\"160\" width=\"120\" height=\"160\" fit=\"FIT\"/>"
+    "</layout></head><body>";
+const QByteArray END = "</body></smil>";
+
+TEST_F(RenderTest, PicturesFillTheirRegionByItsFit) {
+    const struct {
+        const char* fit;
+        struct {
+            int x, y;
+            QColor color;
+        } points[3];
+    } rows[] = {
+        {"hidden", {{60, 40, Qt::red}, {118, 78, Qt::red}, {60, 82, Qt::green}}},
+        {"scroll", {{60, 40, Qt::red}, {118, 78, Qt::red}, {60, 82, Qt::green}}},
+        {"fill", {{30, 155, Qt::red}, {90, 155, Qt::blue}, {118, 2, Qt::blue}}},
+        {"meet", {{30, 20, Qt::red}, {90, 38, Qt::blue}, {60, 60, Qt::green}}},
+        {"slice", {{30, 155, Qt::red}, {118, 155, Qt::red}, {60, 2, Qt::red}}},
+    };
+    for (const auto& row : rows) {
+        const QByteArray smil = QByteArray(LAYOUT).replace("FIT", row.fit) +
+                                "<par dur=\"1s\"><img src=\"wide.png\" region=\"image\"/></par>" + END;
+        const Outcome outcome = render(smil, "s.png", {"--scale", "1"});
+        ASSERT_EQ(outcome.status, 0) << outcome.err.constData();
+        const QImage image(path("s.png"));
+        EXPECT_EQ(image.width(), 132);
+        for (const auto& point : row.points)
+            EXPECT_EQ(pixel(image, 0, point.x, 160 + point.y).rgb(),
+                      (point.color == Qt::green ? QColor(0, 255, 0) : point.color).rgb())
+                << row.fit << ' ' << point.x << ',' << point.y;
+    }
+}
+
+TEST_F(RenderTest, SlidesStandSideBySideWithTextsAndPlaceholders) {
+    const Outcome outcome = render(LAYOUT +
+                                       "<par dur=\"1s\"><text src=\"t.txt\" region=\"text\"/>"
+                                       "<img src=\"bad.png\" region=\"image\"/></par>"
+                                       "<par><img src=\"missing.png\" region=\"image\"/>"
+                                       "<audio src=\"s.mid\"/></par>"
+                                       "<par><img src=\"w.wbmp\" region=\"image\"/></par>" +
+                                       END,
+                                   "s.png", {"--scale", "1"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, QByteArray()) << "broken pictures are no error";
+    const QImage image(path("s.png"));
+    ASSERT_EQ(image.width(), 3 * 132);
+    int inked = 0;
+    for (int y = 2; y < 60; ++y)
+        for (int x = 2; x < 118; ++x)
+            inked += pixel(image, 0, x, y) != QColor(0, 255, 0);
+    EXPECT_GT(inked, 200) << "the text is drawn";
+    for (int slide = 0; slide < 2; ++slide)
+        EXPECT_EQ(pixel(image, slide, 20, 180), QColor(238, 238, 238)) << "a placeholder in slide " << slide;
+    EXPECT_EQ(pixel(image, 2, 4, 160), QColor(Qt::white));
+    EXPECT_EQ(pixel(image, 2, 4, 161), QColor(Qt::black));
+}
+
+TEST_F(RenderTest, MoreSlidesThanThereIsRoomForAreCounted) {
+    const Outcome outcome =
+        render(LAYOUT + QByteArray("<par><audio src=\"s.mid\"/></par>").repeated(35) + END, "s.png",
+               {"--scale", "4"});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(outcome.err.contains("5 further slides")) << outcome.err.constData();
+    EXPECT_EQ(QImage(path("s.png")).width(), 30 * 132 * 4);
+}
+
+TEST_F(RenderTest, ThePageHoldsEverythingAndNoMarkupOfTheMessage) {
+    const QByteArray slide = "<par dur=\"1s\"><text src=\"t.txt\" region=\"text\"/>"
+                             "<img src=\"wide.png\" region=\"image\"/><audio src=\"s.mid\"/></par>";
+    const Outcome outcome =
+        render(LAYOUT + slide + slide + "<par><img src=\"bad.png\"/></par>" + END, "s.html");
+    ASSERT_EQ(outcome.status, 0) << outcome.err.constData();
+    const QByteArray page = read("s.html");
+    EXPECT_EQ(page.count("<section"), 3);
+    EXPECT_EQ(page.count("<script"), 1) << "the page's own";
+    EXPECT_EQ(page.count("<img"), 2);
+    EXPECT_EQ(page.count(halves(240, 80).toBase64()), 1)
+        << "a picture that two slides show stands there once";
+    for (const char* piece : {"&lt;img src=x onerror=alert(2)&gt;</title>",
+                              "&lt;/p&gt;&lt;script&gt;alert(1)&lt;/script&gt; &amp; &quot;more&quot;",
+                              "default-src 'none'", "data:audio/midi;base64,TVRoZA==", "<b>bad.png</b>"})
+        EXPECT_TRUE(page.contains(piece)) << piece;
+}
+
+TEST_F(RenderTest, WrongUseIsTold) {
+    write("n.mms", octets("8C 82 8D 90"));
+    for (const QStringList& arguments : {QStringList{"-o", path("s.gif")},
+                                         {"-o", path("s.png"), "--scale", "0"},
+                                         {},
+                                         {"-o", path("no/s.png")}}) {
+        EXPECT_EQ(lummms(QStringList{"render", path("n.mms")} + arguments).status, 2);
+    }
+    EXPECT_FALSE(QFileInfo::exists(path("s.png")));
+}
+
+} // namespace
