@@ -8,6 +8,10 @@ endforeach()
 target_compile_definitions(examples_test PRIVATE EXAMPLES="$<TARGET_FILE_DIR:read_message>"
                            SOURCES="${CMAKE_CURRENT_SOURCE_DIR}")
 
+if(LUM_BUILD_TOOLS)
+    target_compile_definitions(tool_manual_test PRIVATE MANUAL="${CMAKE_CURRENT_SOURCE_DIR}/docs/lummms.1")
+endif()
+
 set(libraries lummmsutility lummime lumsmilparser)
 if(LUM_BUILD_UI)
     list(APPEND libraries lummmsui)
