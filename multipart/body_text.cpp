@@ -4,6 +4,8 @@
 #include <QTextCodec>
 
 #include <algorithm>
+#include <iterator>
+#include <memory>
 
 namespace {
 
@@ -15,37 +17,70 @@ enum MIB : int {
     MIB_UTF_16 = 1015,
 };
 
-/// UTF-16 units as UTF-8 up to the first NUL, a piece at a time, so that there is never more in
-/// memory than the result. `unitAt(i)` gives the i-th of `count` units.
-template <typename UnitAt>
-QArray<char> utf8UpToNul(qsizetype count, UnitAt unitAt) {
-    constexpr qsizetype pieceSize = 2048;
-    char16_t piece[pieceSize];
-    QArray<char> result;
-    qsizetype used = 0;
-    bool ended = false;
-    for (qsizetype i = 0; i < count && !ended;) {
-        qsizetype n = 0;
-        while (n < pieceSize && i < count && !ended) {
-            piece[n] = unitAt(i);
-            ended = piece[n] == 0;
-            if (!ended)
-                ++n, ++i;
+/// The ranges of MIBenum numbers that are assigned. Asking for others costs time and finds nothing.
+constexpr struct { int first, last; } assignedMibs[] = {{3, 119}, {1000, 1021}, {2000, 2110}, {2250, 2260}};
+
+constexpr int pieceSize = 2048; // units or octets that are converted at a time
+
+/// Collects UTF-16 units as UTF-8 up to the first NUL, a piece at a time, so that there is never more in
+/// memory than the result.
+class Utf8Text {
+public:
+    /// `expected` is how many octets there will be at least, unless a NUL ends them.
+    explicit Utf8Text(qsizetype expected) : expected_(expected) {}
+
+    /// Adds units. False when nothing behind them counts.
+    bool append(QStringView units) {
+        const qsizetype end = units.indexOf(QChar(0));
+        const QStringView text = end < 0 ? units : units.first(end);
+        if (half_.isNull()) {
+            appendWhole(text);
+        } else if (!text.isEmpty()) {
+            const QChar pair[] = {half_, text.front()};
+            half_ = QChar();
+            if (pair[1].isLowSurrogate())
+                appendOctets(QStringView(pair, 2).toUtf8());
+            else
+                appendOctets(QStringView(pair, 1).toUtf8());
+            appendWhole(text.sliced(pair[1].isLowSurrogate() ? 1 : 0));
         }
-        if (i < count && !ended && QChar::isHighSurrogate(piece[n - 1]))
-            --n, --i; // goes with its other half
-        const QByteArray utf8 = QStringView(piece, n).toUtf8();
-        if (used + utf8.size() > result.size())
-            result.resize(std::max({used + utf8.size(), used + used / 2, count}));
-        if (used + utf8.size() > result.size())
-            return QArray<char>(); // no memory
-        std::copy(utf8.begin(), utf8.end(), result.data() + used);
-        used += utf8.size();
+        return end < 0 && !failed_;
     }
-    if (used < result.size() || result.isNull())
-        result.resize(used);
-    return result;
-}
+
+    /// The text; the null array when there was no memory for it.
+    QArray<char> take() {
+        if (!half_.isNull())
+            appendOctets(QStringView(&half_, 1).toUtf8());
+        if (failed_ || ((used_ < octets_.size() || octets_.isNull()) && !octets_.resize(used_)))
+            return QArray<char>();
+        return std::move(octets_);
+    }
+
+private:
+    /// Adds units, but keeps the first half of a pair for the time when the other comes.
+    void appendWhole(QStringView text) {
+        if (!text.isEmpty() && text.back().isHighSurrogate()) {
+            half_ = text.back();
+            text.chop(1);
+        }
+        appendOctets(text.toUtf8());
+    }
+    void appendOctets(const QByteArray& utf8) {
+        const qsizetype needed = used_ + utf8.size();
+        if (needed > octets_.size())
+            failed_ = failed_ || !octets_.resize(std::max({needed, used_ + used_ / 2, expected_}));
+        if (failed_)
+            return;
+        std::copy(utf8.begin(), utf8.end(), octets_.data() + used_);
+        used_ = needed;
+    }
+
+    QArray<char> octets_;
+    qsizetype used_ = 0;
+    const qsizetype expected_;
+    QChar half_;
+    bool failed_ = false;
+};
 
 QArray<char> sixteenBitText(const unsigned char* octets, int length, int mib) {
     qsizetype count = length / 2;
@@ -57,18 +92,49 @@ QArray<char> sixteenBitText(const unsigned char* octets, int length, int mib) {
         octets += 2;
         --count;
     }
-    return utf8UpToNul(count, [=](qsizetype i) {
+    const auto unitAt = [=](qsizetype i) {
         // In any other order whole units are exchanged, not their octets: 1, 0, 3, 2, ... That is
         // intended. An odd one at the end has no partner and stays.
         if (!littleEndian && (i ^ 1) < count)
             i ^= 1;
         return static_cast<char16_t>(octets[2 * i] | octets[2 * i + 1] << 8);
-    });
+    };
+    Utf8Text text(count);
+    char16_t piece[pieceSize];
+    for (qsizetype done = 0; done < count;) {
+        const qsizetype size = std::min<qsizetype>(count - done, pieceSize);
+        for (qsizetype i = 0; i < size; ++i)
+            piece[i] = unitAt(done + i);
+        if (!text.append(QStringView(piece, size)))
+            break;
+        done += size;
+    }
+    return text.take();
+}
+
+QArray<char> decodedText(const unsigned char* octets, int length, const QTextCodec& codec) {
+    const std::unique_ptr<QTextDecoder> decoder(codec.makeDecoder());
+    Utf8Text text(length);
+    for (int done = 0; done < length; done += pieceSize) {
+        const int size = std::min(length - done, pieceSize);
+        if (!text.append(decoder->toUnicode(reinterpret_cast<const char*>(octets) + done, size)))
+            break;
+    }
+    return text.take();
 }
 
 } // namespace
 
-std::optional<QArray<char>> bodyTextAsUtf8(const unsigned char* octets, int length, int mib) {
+const QTextCodec* Charsets::find(int mib) {
+    if (std::none_of(std::begin(assignedMibs), std::end(assignedMibs),
+                     [mib](const auto& range) { return mib >= range.first && mib <= range.last; }))
+        return nullptr;
+    const auto known = found_.constFind(mib);
+    return known != found_.cend() ? *known : *found_.insert(mib, QTextCodec::codecForMib(mib));
+}
+
+std::optional<QArray<char>> bodyTextAsUtf8(const unsigned char* octets, int length, int mib,
+                                           Charsets& charsets) {
     switch (mib) {
     case mibUtf8:
         return std::nullopt;
@@ -78,9 +144,7 @@ std::optional<QArray<char>> bodyTextAsUtf8(const unsigned char* octets, int leng
     case MIB_UTF_16:
         return sixteenBitText(octets, length, mib);
     }
-    const QTextCodec* codec = QTextCodec::codecForMib(mib);
-    if (!codec)
-        return std::nullopt;
-    const QString text = codec->toUnicode(reinterpret_cast<const char*>(octets), length);
-    return utf8UpToNul(text.size(), [&text](qsizetype i) { return text.at(i).unicode(); });
+    if (const QTextCodec* codec = charsets.find(mib))
+        return decodedText(octets, length, *codec);
+    return std::nullopt;
 }

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 
+class Charsets;
 class LinearBuffer;
 class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
@@ -15,11 +16,13 @@ class MMS_COMP_SMILMultipartBodypart;
 using PartReceiver = std::function<void(std::unique_ptr<MMS_COMP_SMILMultipartBodypart>)>;
 
 /// Reads the count and the entries of a body; `depth` is 0 for a body that is in no other. Parts are
-/// handed on as they come. CODEC_READ, or the result of the entry that could not be read.
-unsigned char readEntries(LinearBuffer* in, int depth, const PartReceiver& receive);
+/// handed on as they come; `charsets` are those of the whole message. CODEC_READ, or the result of the entry
+/// that could not be read.
+unsigned char readEntries(LinearBuffer* in, int depth, Charsets& charsets, const PartReceiver& receive);
 
 /// Reads one entry of a body at that depth.
-unsigned char readEntry(LinearBuffer* in, int depth, MMS_COMP_SMILMultipartBodypart* part);
+unsigned char readEntry(LinearBuffer* in, int depth, Charsets& charsets,
+                        MMS_COMP_SMILMultipartBodypart* part);
 
 /// Writes an entry: CODEC_WRITTEN, or CODEC_REFUSED when there is no room.
 unsigned char writeEntry(LinearBuffer* out, const MMS_COMP_SMILMultipartBodypart& part);

@@ -28,8 +28,8 @@ constexpr char userPromptHeader[] = "X-Mms-UserPrompt";
 /// Reads one entry. What the headers say about the data is kept until the data is reached.
 class EntryReader {
 public:
-    EntryReader(LinearBuffer* in, int depth, MMS_COMP_SMILMultipartBodypart* part)
-        : in_(in), depth_(depth), part_(part) {}
+    EntryReader(LinearBuffer* in, int depth, Charsets& charsets, MMS_COMP_SMILMultipartBodypart* part)
+        : in_(in), depth_(depth), charsets_(charsets), part_(part) {}
 
     unsigned char read() {
         int headersLength = 0;
@@ -61,6 +61,7 @@ private:
 
     LinearBuffer* in_;
     const int depth_;
+    Charsets& charsets_;
     MMS_COMP_SMILMultipartBodypart* part_;
     int media_ = MEDIA_NONE;
     int charset_ = mibUtf8;
@@ -208,7 +209,8 @@ unsigned char EntryReader::readData(int length) {
     if (depth_ == deepestMultipart)
         return CODEC_MALFORMED;
     LinearBuffer nested(const_cast<unsigned char*>(data), length); // only read from
-    return readEntries(&nested, depth_ + 1, [this](auto part) { part_->setSubBody(part.release(), -1); });
+    return readEntries(&nested, depth_ + 1, charsets_,
+                       [this](auto part) { part_->setSubBody(part.release(), -1); });
 }
 
 unsigned char EntryReader::storeData(const unsigned char* data, int length) {
@@ -217,7 +219,7 @@ unsigned char EntryReader::storeData(const unsigned char* data, int length) {
     if (isText)
         MMS_UTIL_Tool::logOut(octets, length);
     int status = 0;
-    if (auto text = bodyTextAsUtf8(data, length, charset_)) {
+    if (auto text = bodyTextAsUtf8(data, length, charset_, charsets_)) {
         part_->getBodyData() = std::move(*text);
         part_->setSupport(MMS_COMP_SMILMultipartBodypart::SUPPORT_UNKNOWN);
     } else {
@@ -231,11 +233,12 @@ unsigned char EntryReader::storeData(const unsigned char* data, int length) {
 
 } // namespace
 
-unsigned char readEntry(LinearBuffer* in, int depth, MMS_COMP_SMILMultipartBodypart* part) {
-    return EntryReader(in, depth, part).read();
+unsigned char readEntry(LinearBuffer* in, int depth, Charsets& charsets,
+                        MMS_COMP_SMILMultipartBodypart* part) {
+    return EntryReader(in, depth, charsets, part).read();
 }
 
-unsigned char readEntries(LinearBuffer* in, int depth, const PartReceiver& receive) {
+unsigned char readEntries(LinearBuffer* in, int depth, Charsets& charsets, const PartReceiver& receive) {
     if (!in->hasMore())
         return CODEC_MALFORMED;
     for (int count = in->readByte(); count > 0; --count) {
@@ -243,7 +246,7 @@ unsigned char readEntries(LinearBuffer* in, int depth, const PartReceiver& recei
                                                                  MMS_COMP_SMILMultipartBodypart);
         if (!part)
             return CODEC_REFUSED;
-        const unsigned char result = readEntry(in, depth, part.get());
+        const unsigned char result = readEntry(in, depth, charsets, part.get());
         if (result != CODEC_READ)
             return result;
         receive(std::move(part));

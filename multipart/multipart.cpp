@@ -188,7 +188,7 @@ MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getAttachment(int i) con
     if (!isRelated())
         return parts_.at(i);
     for (Part* part : parts_)
-        if (isOrdinary(part) && i-- == 0)
+        if (i >= 0 && isOrdinary(part) && i-- == 0)
             return part;
     return nullptr;
 }

@@ -2,6 +2,7 @@
 
 #include "codec/codec_result.h"
 #include "codec/linear_buffer.h"
+#include "multipart/body_text.h"
 #include "multipart/entry_codec.h"
 #include "multipart/multipart.h"
 #include "platform/utility/setting.h"
@@ -22,7 +23,8 @@ unsigned char readBody(unsigned char* data, unsigned int len, const PartReceiver
     if (!data || len > mostOctets)
         return CODEC_MALFORMED;
     LinearBuffer in(data, static_cast<int>(len));
-    return readEntries(&in, 0, receive);
+    Charsets charsets;
+    return readEntries(&in, 0, charsets, receive);
 }
 
 } // namespace
@@ -57,7 +59,8 @@ unsigned char Multipart_Entry::writeTo(LinearBuffer* out, MMS_COMP_SMILMultipart
 }
 
 unsigned char Multipart_Entry::readFrom(LinearBuffer* in, MMS_COMP_SMILMultipartBodypart* part) {
-    return readEntry(in, 0, part);
+    Charsets charsets;
+    return readEntry(in, 0, charsets, part);
 }
 
 unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipart* body, unsigned char** out,

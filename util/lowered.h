@@ -4,14 +4,62 @@
 #include <QStringView>
 
 #include <algorithm>
+#include <utility>
 
-/// Whether two texts are equal in lower case, as a.toLower() == b.toLower() has it. Copies nothing
-/// when both are ASCII, as MIME words, Content-IDs and Content-Locations nearly always are.
+/// The UTF-16 units of a text in lower case, made one after the other. Texts that are compared may be
+/// long, and be compared often: what comes behind the first difference is not looked at.
+class LoweredUnits {
+public:
+    explicit LoweredUnits(QStringView text) : text_(text) {}
+
+    bool isEqual(LoweredUnits other) {
+        for (;;) {
+            const int unit = next();
+            if (unit != other.next())
+                return false;
+            if (unit < 0)
+                return true;
+        }
+    }
+
+private:
+    /// The next unit, or -1 behind the last.
+    int next() {
+        if (second_)
+            return std::exchange(second_, u'\0');
+        if (text_.isEmpty())
+            return -1;
+        char32_t character = text_[0].unicode();
+        const bool isPair = text_[0].isHighSurrogate() && text_.size() > 1 && text_[1].isLowSurrogate();
+        if (isPair)
+            character = QChar::surrogateToUcs4(text_[0], text_[1]);
+        text_ = text_.sliced(isPair ? 2 : 1);
+        if (character == 0x130) { // the capital I with a dot is the one letter that becomes two
+            second_ = 0x307;
+            return u'i';
+        }
+        character = QChar::toLower(character);
+        if (!QChar::requiresSurrogates(character))
+            return static_cast<int>(character);
+        second_ = QChar::lowSurrogate(character);
+        return QChar::highSurrogate(character);
+    }
+
+    QStringView text_;
+    char16_t second_ = 0; // of a letter that takes two units
+};
+
+/// Whether two texts are equal in lower case, as a.toLower() == b.toLower() has it. Copies nothing.
 inline bool equalLowered(QStringView a, QStringView b) {
-    const auto isAscii = [](QStringView text) {
-        return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
-    };
-    if (isAscii(a) && isAscii(b))
-        return a.size() == b.size() && a.compare(b, Qt::CaseInsensitive) == 0;
-    return a.toString().toLower() == b.toString().toLower();
+    const auto lowered = [](char16_t c) { return c >= u'A' && c <= u'Z' ? c + (u'a' - u'A') : +c; };
+    const qsizetype common = std::min(a.size(), b.size());
+    for (qsizetype i = 0; i < common; ++i) {
+        const char16_t unitA = a[i].unicode();
+        const char16_t unitB = b[i].unicode();
+        if ((unitA | unitB) >= 0x80)
+            return LoweredUnits(a.sliced(i)).isEqual(LoweredUnits(b.sliced(i)));
+        if (lowered(unitA) != lowered(unitB))
+            return false;
+    }
+    return a.size() == b.size(); // no letter vanishes in lower case
 }

@@ -1,0 +1,151 @@
+// Parts and objects that change hands or go away while others point at them. What goes wrong here the
+// sanitizers see.
+
+#include "octets.h"
+
+#include "multipart/multipart.h"
+#include "smil/model/presentation.h"
+#include "smil/parser/smil_parser.h"
+
+#include <QDataStream>
+#include <QIODevice>
+
+#include <memory>
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+using Object = MMS_COMP_SMILMediaObject;
+
+const QByteArray twoSlides = "<smil><body><par><img src='p.jpg'/><text src='t.txt'/></par>"
+                             "<par><ref src='p.jpg'/></par></body></smil>";
+
+/// A document of two slides that share a picture, and its container.
+struct Received {
+    Received() {
+        for (const char* name : {"p.jpg", "t.txt"}) {
+            auto* part = new Part;
+            part->setContentLocation(name);
+            part->setBodyData(name, 5);
+            container->appendBodypart(part);
+        }
+        QArray<char> smil = twoSlides;
+        EXPECT_EQ(MMS_COMP_SMILParser().parse(smil, container.get(), &data), 0);
+    }
+    Part* part(int index) const { return container->getBodypartByIndex(index, false); }
+    Object* object(int slide, int index) const { return data.getMediaObject(slide, index); }
+
+    std::unique_ptr<MMS_COMP_SMILMultipart> container = std::make_unique<MMS_COMP_SMILMultipart>();
+    MMS_COMP_SMILData data{container.get()};
+};
+
+/// Everything that a program does with a document that it shows.
+void use(const MMS_COMP_SMILData& data) {
+    MMS_COMP_SMILParser::convertToSMILLang(const_cast<MMS_COMP_SMILData*>(&data));
+    data.isEmpty();
+    data.createUniqueSrc("p.jpg");
+    for (int i = 0; i < data.getTotalSlidesNum(); ++i) {
+        data.getSlide(i)->getPageSize();
+        QByteArray record;
+        QDataStream stream(&record, QIODevice::WriteOnly);
+        data.getSlide(i)->writeToStream(stream);
+    }
+}
+
+TEST(Lifetime, PartsDeletedUnderSlides) {
+    Received r;
+    delete r.part(0);
+    EXPECT_EQ(r.container->getPartCount(), 1);
+    EXPECT_EQ(r.object(0, 0)->getData(), nullptr);
+    EXPECT_EQ(r.object(1, 0)->getData(), nullptr);
+    use(r.data);
+    r.data.getSlide(0)->clear(); // releases the text, which is still there
+    EXPECT_EQ(r.container->getPartCount(), 0);
+    use(r.data);
+}
+
+TEST(Lifetime, SharedPartsGoWithTheirLastObject) {
+    Received r;
+    r.data.getSlide(0)->removeImgLikeElem();
+    EXPECT_EQ(r.container->getPartCount(), 2);
+    EXPECT_EQ(r.object(1, 0)->getData(), r.part(0));
+    r.data.getSlide(1)->clear();
+    EXPECT_EQ(r.container->getPartCount(), 1);
+    use(r.data);
+}
+
+TEST(Lifetime, DocumentOutlivesThePartsOfItsContainer) {
+    Received r;
+    r.container->clear();
+    EXPECT_EQ(r.object(0, 1)->getData(), nullptr);
+    use(r.data);
+    r.data.setMultiPart(nullptr);
+    r.container.reset();
+    r.data.createUniqueSrc("p.jpg");
+    MMS_COMP_SMILParser::convertToSMILLang(&r.data);
+    r.data.clean();
+}
+
+TEST(Lifetime, TakenPartsAndObjectsAreTheCallers) {
+    Received r;
+    const std::unique_ptr<Object> image(r.data.getSlide(0)->getImgElem(true));
+    const std::unique_ptr<Part> picture(r.container->getBodypartByIndex(0, true));
+    EXPECT_EQ(r.object(1, 0)->getData(), picture.get());
+    EXPECT_EQ(image->getData(), picture.get());
+    EXPECT_EQ(picture->getOwner(), nullptr);
+    use(r.data);
+    r.container->appendBodypart(new Part(*picture)); // a copy that shares the payload
+}
+
+TEST(Lifetime, ObjectReadsARecordWhileItsPartSitsInAContainer) {
+    Received r;
+    QByteArray record;
+    QDataStream out(&record, QIODevice::WriteOnly);
+    r.object(0, 0)->writeToStream(out);
+    for (int adopted = 0; adopted < 2; ++adopted) {
+        MMS_COMP_SMILMultipart second;
+        Object object(nullptr);
+        for (int round = 0; round < 3; ++round) {
+            QDataStream in(record);
+            EXPECT_TRUE(object.readFromStream(in));
+            ASSERT_NE(object.getData(), nullptr);
+            if (adopted)
+                second.appendBodypart(object.getData());
+        }
+        EXPECT_EQ(second.getPartCount(), adopted); // each reading deleted the part before
+    }
+    QDataStream in(record);
+    EXPECT_TRUE(r.object(1, 0)->readFromStream(in));
+    EXPECT_EQ(r.container->getPartCount(), 1);
+    EXPECT_EQ(r.object(0, 0)->getData(), nullptr);
+    use(r.data);
+}
+
+TEST(Lifetime, PartsMoveBetweenOwners) {
+    Received r;
+    MMS_COMP_SMILMultipart second;
+    Part* picture = r.part(0);
+    EXPECT_EQ(second.appendBodypart(picture), 0);
+    EXPECT_EQ(second.appendBodypart(picture), 0);
+    EXPECT_EQ(r.container->getPartCount() + second.getPartCount(), 2);
+    EXPECT_TRUE(r.part(0)->setSubBody(picture, 0));
+    EXPECT_FALSE(picture->setSubBody(r.part(0), 0));
+    EXPECT_EQ(second.getPartCount(), 0);
+    delete r.part(0);
+    EXPECT_EQ(r.object(0, 0)->getData(), nullptr);
+    use(r.data);
+}
+
+TEST(Lifetime, CopiesStandAlone) {
+    MMS_COMP_SMILMultipart copied;
+    {
+        Received r;
+        copied.copyFrom(*r.container);
+        copied.copyFrom(copied);
+        r.part(0)->getBodyData() = QArray<char>();
+    }
+    EXPECT_EQ(copied.getPartCount(), 4);
+    EXPECT_EQ(copied.getBodypartByIndex(2, false)->getBodyData(), QByteArray("p.jpg"));
+}
+
+} // namespace

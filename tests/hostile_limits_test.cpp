@@ -1,0 +1,194 @@
+// Every limit, just at it and just beyond it.
+
+#include "octets.h"
+
+#include "codec/codec_result.h"
+#include "multipart/multipart.h"
+#include "multipart/multipart_codec.h"
+#include "smil/model/presentation.h"
+#include "smil/parser/smil_parser.h"
+#include "util/lowered.h"
+
+#include <QDataStream>
+#include <QIODevice>
+#include <QTemporaryFile>
+
+#include <iterator>
+#include <limits>
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+QByteArray uintvar(qsizetype value) {
+    QByteArray octets(1, static_cast<char>(value & 0x7F));
+    while (value >>= 7)
+        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
+    return octets;
+}
+
+/// A body of one part.
+QByteArray body(const QByteArray& headers, const QByteArray& data) {
+    return '\1' + uintvar(headers.size()) + uintvar(data.size()) + headers + data;
+}
+
+unsigned char decode(QByteArray octets, MMS_COMP_SMILMultipart& container) {
+    return MMS_UA_MultiPart_CODEC::decodeMultipart(false, reinterpret_cast<unsigned char*>(octets.data()),
+                                                   static_cast<unsigned int>(octets.size()), &container);
+}
+
+/// Reads a text from a file: unlike one from a message it may begin with declarations.
+int readSmil(const QByteArray& text) {
+    QTemporaryFile file;
+    EXPECT_TRUE(file.open() && file.write(text) == text.size() && file.flush());
+    MMS_COMP_SMILMultipart container;
+    MMS_COMP_SMILData data(&container);
+    return MMS_COMP_SMILParser().parse(file.fileName(), &container, &data);
+}
+
+QByteArray elements(int depth, const QByteArray& name) {
+    return QByteArray('<' + name + '>').repeated(depth) + QByteArray("</" + name + '>').repeated(depth);
+}
+
+TEST(Limits, BodiesWithinBodies) {
+    for (const int depth : {16, 17}) {
+        QByteArray octets = body("\x83", "x");
+        for (int i = 0; i < depth; ++i)
+            octets = body("\xC8", octets);
+        MMS_COMP_SMILMultipart container;
+        EXPECT_EQ(decode(octets, container), depth == 16 ? CODEC_READ : CODEC_MALFORMED) << depth;
+    }
+}
+
+TEST(Limits, RecordsWithinRecords) {
+    for (const int depth : {16, 17}) {
+        Part outer;
+        Part* inner = &outer;
+        for (int i = 0; i < depth; ++i) {
+            auto* part = new Part;
+            inner->setSubBody(part, 0);
+            inner = part;
+        }
+        QByteArray record;
+        QDataStream out(&record, QIODevice::WriteOnly);
+        outer.writeToStream(out);
+        QDataStream in(record);
+        EXPECT_EQ(Part().readFromStream(in), depth == 16) << depth;
+    }
+}
+
+TEST(Limits, ContentLocation) {
+    for (const int length : {1024, 1025}) {
+        MMS_COMP_SMILMultipart container;
+        const QByteArray name(length, 'n');
+        const unsigned char result = decode(body("\x83\x8E" + name + '\0', "x"), container);
+        EXPECT_EQ(result, length == 1024 ? CODEC_READ : CODEC_MALFORMED) << length;
+        EXPECT_EQ(container.getPartCount(), length == 1024 ? 1 : 0);
+    }
+}
+
+TEST(Limits, HeadersThatAreSent) {
+    // 1024 octets: the type, the name with its code and its zero, and the same once more
+    constexpr int fits = (1024 - 1) / 2 - 2;
+    for (const int length : {fits, fits + 1}) {
+        MMS_COMP_SMILMultipart container;
+        auto* part = new Part;
+        part->setContentType("image");
+        part->setContentSubType("jpeg");
+        part->setContentLocation(QString(length, 'n'));
+        container.appendBodypart(part);
+        unsigned char* octets = nullptr;
+        unsigned int size = 0;
+        EXPECT_EQ(MMS_UA_MultiPart_CODEC::encodeMultipart(false, &container, &octets, &size), CODEC_WRITTEN);
+        const QByteArray sent(reinterpret_cast<char*>(octets), static_cast<int>(size));
+        delete[] octets;
+        EXPECT_EQ(sent.count(QByteArray(length, 'n') + '\0'), length == fits ? 2 : 1) << length;
+    }
+}
+
+TEST(Limits, Names) {
+    MMS_COMP_SMILMultipart container;
+    MMS_COMP_SMILData data(&container);
+    for (const int length : {99, 100}) {
+        EXPECT_EQ(container.isPartExist(QString(length, 'n')), length == 100);
+        EXPECT_EQ(data.isElemNameExist(QString(length, 'n')), length == 100);
+    }
+    for (const QString& name : {QString(5000, 'n'), "n." + QString(5000, 'x'), QString("x.:")}) {
+        auto* part = new Part;
+        part->setContentLocation(container.createUniqueLocation(name));
+        EXPECT_LT(part->getContentLocation().size(), 100);
+        container.appendBodypart(part);
+        EXPECT_FALSE(container.isPartExist(container.createUniqueLocation(name)));
+        EXPECT_FALSE(data.isElemNameExist(data.createUniqueSrc(name)));
+    }
+}
+
+TEST(Limits, PresentationText) {
+    const QByteArray declared = "<!DOCTYPE smil [<!ENTITY e 'x'>]><smil>&e;</smil>";
+    const auto attributes = [](int count) {
+        QByteArray text = "<smil";
+        for (int i = 0; i < count; ++i)
+            text += " a" + QByteArray::number(i) + "=''";
+        return QByteArray(text + "/>");
+    };
+    const struct {
+        const char* name;
+        QByteArray text;
+        int result;
+    } rows[] = {
+        {"elements in elements", "<smil>" + elements(127, "a") + "</smil>", 0},
+        {"one more", "<smil>" + elements(128, "a") + "</smil>", -16},
+        {"containers in containers", "<smil><body>" + elements(10, "par") + "</body></smil>", 0},
+        {"one more container", "<smil><body>" + elements(11, "seq") + "</body></smil>", -16},
+        {"attributes", attributes(1000), 0},
+        {"one more attribute", attributes(1001), -8},
+        {"text with declarations", declared + QByteArray(4096 - declared.size(), ' '), 0},
+        {"one more character", declared + QByteArray(4097 - declared.size(), ' '), -8},
+        {"declarations of declarations",
+         "<!DOCTYPE smil [<!ENTITY a 'x'><!ENTITY b '&a;&a;'>]><smil>&b;</smil>", -8},
+        {"a declaration of itself", "<!DOCTYPE smil [<!ENTITY a '&a;'>]><smil>&a;</smil>", -8},
+        {"a declaration of deep elements",
+         "<!DOCTYPE smil [<!ENTITY e '" + elements(130, "a") + "'>]><smil>&e;</smil>", -16},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(readSmil(row.text), row.result) << row.name;
+}
+
+TEST(Limits, IndicesAreChecked) {
+    constexpr int least = std::numeric_limits<int>::min();
+    constexpr int greatest = std::numeric_limits<int>::max();
+    MMS_COMP_SMILMultipart container;
+    container.appendBodypart(new Part);
+    MMS_COMP_SMILData data(&container);
+    data.appendSlide();
+    for (const int index : {least, -1, 1, greatest}) {
+        EXPECT_EQ(container.getAttachment(index), nullptr) << index;
+        EXPECT_EQ(container.getBodypartByIndex(index, true), nullptr);
+        EXPECT_EQ(container.deletePart(index), MMS_COMP_SMILMultipart::ERR_NO_PART);
+        EXPECT_EQ(container.getBodypartByIndex(0, false)->getSubBody(static_cast<unsigned int>(index)),
+                  nullptr);
+        EXPECT_EQ(data.getSlide(index), nullptr);
+        EXPECT_EQ(data.getMeta(index), nullptr);
+        EXPECT_EQ(data.getMediaObject(0, index), nullptr);
+        EXPECT_EQ(data.getRegion(static_cast<unsigned int>(index)), nullptr);
+        EXPECT_FALSE(data.deleteMediaObject(0, index));
+    }
+}
+
+// Looking content up compares every name with every reference: it stops at the first difference.
+TEST(Limits, LettersAreComparedAsInLowerCase) {
+    const char32_t letters[] = {U'i', U'I', 0x130, 0x307, 0xC9, 0xE9, 0x212A, U'k', 0x10400, 0x10428, 0};
+    constexpr size_t count = std::size(letters);
+    const auto text = [&letters](size_t number) {
+        QString made;
+        for (; number; number /= count)
+            made += QString::fromUcs4(&letters[number % count], 1);
+        return made;
+    };
+    for (size_t a = 0; a < count * count; ++a)
+        for (size_t b = 0; b < count * count * count; ++b)
+            ASSERT_EQ(equalLowered(text(a), text(b)), text(a).toLower() == text(b).toLower())
+                << a << " and " << b;
+}
+
+} // namespace

@@ -1,0 +1,157 @@
+// What a body takes while it is read: its payloads half as much again at most, and for every part and
+// for every octet of its headers no more than a few.
+
+#include "octets.h"
+
+#include "codec/ua_msg.h"
+#include "multipart/multipart.h"
+#include "multipart/multipart_parser.h"
+
+#include <algorithm>
+#include <malloc.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define HAS_OWN_ALLOCATOR 0
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer) || __has_feature(memory_sanitizer)
+#define HAS_OWN_ALLOCATOR 0
+#endif
+#endif
+#ifndef HAS_OWN_ALLOCATOR
+#define HAS_OWN_ALLOCATOR 1
+#endif
+
+namespace {
+
+qint64 inUse = 0;
+qint64 most = 0;
+
+} // namespace
+
+#if HAS_OWN_ALLOCATOR
+namespace {
+
+void* counted(void* memory) {
+    inUse += static_cast<qint64>(malloc_usable_size(memory));
+    most = std::max(most, inUse);
+    return memory;
+}
+
+} // namespace
+
+// The allocator of the C library under the names that everybody calls, with an account.
+extern "C" {
+void* __libc_malloc(size_t size);
+void* __libc_calloc(size_t count, size_t size);
+void* __libc_realloc(void* memory, size_t size);
+void __libc_free(void* memory);
+
+void* malloc(size_t size) {
+    return counted(__libc_malloc(size));
+}
+void* calloc(size_t count, size_t size) {
+    return counted(__libc_calloc(count, size));
+}
+void* realloc(void* memory, size_t size) {
+    const auto before = static_cast<qint64>(malloc_usable_size(memory));
+    void* grown = __libc_realloc(memory, size);
+    if (grown || !size)
+        inUse -= before;
+    return grown ? counted(grown) : grown;
+}
+void free(void* memory) {
+    inUse -= static_cast<qint64>(malloc_usable_size(memory));
+    __libc_free(memory);
+}
+}
+#endif
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+constexpr int size = 300 * 1024;
+
+QByteArray uintvar(qsizetype value) {
+    QByteArray octets(1, static_cast<char>(value & 0x7F));
+    while (value >>= 7)
+        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
+    return octets;
+}
+
+QByteArray entry(const QByteArray& headers, const QByteArray& data) {
+    return uintvar(headers.size()) + uintvar(data.size()) + headers + data;
+}
+
+QByteArray nested(QByteArray data) {
+    for (int depth = 0; depth < 16; ++depth)
+        data = '\1' + entry("\xC8", data);
+    return data;
+}
+
+struct Account {
+    qint64 parts = 0, payloads = 0;
+};
+
+void add(Account& account, const Part& part) {
+    ++account.parts;
+    account.payloads += part.getBodyData().size();
+    for (int i = 0; i < part.getSubBodyCount(); ++i)
+        add(account, *part.getSubBody(static_cast<unsigned int>(i)));
+}
+
+TEST(Memory, StaysWithinThePayloads) {
+    if (!HAS_OWN_ALLOCATOR)
+        GTEST_SKIP() << "the sanitizer has an allocator of its own";
+    const auto text = [](const char* mib, const QByteArray& piece) {
+        const QByteArray number = octets(mib);
+        return '\1' + entry(char(2 + number.size()) + octets("83 81") + number,
+                            piece.repeated(size / int(piece.size())));
+    };
+    const struct {
+        const char* name;
+        QByteArray body;
+        qint64 received; ///< octets of data in it
+        qint64 headers;  ///< octets of headers in it
+    } rows[] = {
+        {"a picture", '\1' + entry("\x9E", QByteArray(size, 'x')), size, 0},
+        {"a picture within sixteen bodies", nested('\1' + entry("\x9E", QByteArray(size, 'x'))), size, 0},
+        {"an announced length without data", '\1' + uintvar(1) + uintvar(size) + "\x9E", 0, 0},
+        {"a text in windows-1252", text("02 08 CC", "x"), size, 0},
+        {"a text that grows threefold", text("02 08 CC", "\x80"), size, 0},
+        {"a text in UTF-7", text("02 03 F4", "+AOQ-"), size, 0},
+        {"a text in ISO-2022-KR", text("A5", "\x0E\x30\x21\x0F"), size, 0},
+        {"a text in UTF-32", text("02 03 F9", QByteArray("x\0\0\0", 4)), size, 0},
+        {"a text in UTF-16", text("02 03 F7", QByteArray("\x4E\x00", 2)), size, 0},
+        {"a text that ends at once", text("02 03 F7", QByteArray("\0\0", 2)), size, 0},
+        {"255 pictures", '\xFF' + entry("\x9E", QByteArray(size / 255, 'x')).repeated(255), size, 0},
+        {"255 empty parts", '\xFF' + entry("\x9E", QByteArray()).repeated(255), 0, 0},
+        {"unknown headers", '\1' + entry("\x9E" + QByteArray(size, 'x'), QByteArray()), 0, size},
+        {"a long type", '\1' + entry(QByteArray(size, 'x') + '\0', QByteArray()), 0, size},
+        {"a long type of two words",
+         '\1' + entry(QByteArray(size / 2, 'x') + '/' + QByteArray(size / 2, 'x') + '\0', {}), 0, size},
+        {"a long id", '\1' + entry("\x9E\xC0" + QByteArray(size, 'x') + '\0', QByteArray()), 0, size},
+    };
+    MMS_UA_UAMsg header;
+    for (int warm = 0; warm < 2; ++warm) // what Qt keeps of charsets and types is not the message's
+        for (const auto& row : rows) {
+            const QArray<char> input = row.body;
+            MMS_COMP_SMILMultipart container;
+            const qint64 before = inUse;
+            most = inUse;
+            MMS_COMP_SMILMultipartParser::parse(input, &header, &container);
+            const qint64 took = most - before;
+            if (!warm)
+                continue;
+            Account account;
+            for (int i = 0; i < container.getPartCount(); ++i)
+                add(account, *container.getBodypartByIndex(i, false));
+            const qint64 payloads = std::max(account.payloads, row.received);
+            constexpr qint64 ofAPart = 1500, ofATextOctet = 12, ofTheReader = 64 * 1024;
+            EXPECT_LE(took,
+                      payloads * 3 / 2 + account.parts * ofAPart + row.headers * ofATextOctet + ofTheReader)
+                << row.name;
+        }
+}
+
+} // namespace
