@@ -83,7 +83,7 @@ int render(const CommandLine& line) {
     const QGuiApplication application(count, arguments);
     int leftOut = 0;
     const int saved =
-        save(output, kind == u"png" ? slidesAsPng(message, scale, leftOut) : slidesAsPage(message));
+        save(output, kind == u"png" ? slidesAsPng(message, scale, leftOut) : slidesAsPage(message, leftOut));
     if (saved == EXIT_DONE && leftOut)
         complain(output, QStringLiteral("there was no room for %1").arg(counted(leftOut, "further slide")));
     return saved == EXIT_DONE ? verdict : saved;

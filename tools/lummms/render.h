@@ -8,5 +8,5 @@ class Message;
 /// becomes the number of slides that there was no room for. Needs a QGuiApplication.
 QByteArray slidesAsPng(const Message& message, int scale, int& leftOut);
 
-/// The slides as one HTML page that needs nothing else.
-QByteArray slidesAsPage(const Message& message);
+/// The slides as one HTML page that needs nothing else; `leftOut` likewise.
+QByteArray slidesAsPage(const Message& message, int& leftOut);

@@ -11,7 +11,11 @@
 #include <QHash>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace {
+
+constexpr int MAX_SLIDES_PLAYED = 500; // each repeats its text, and all may share a long one
 
 /// What a page says in a Content-Security-Policy to allow exactly this style or script.
 QString allowed(const char* text) {
@@ -50,7 +54,7 @@ QString soundUrl(const MMS_COMP_SMILMultipartBodypart& part) {
 /// by number, and the page's script fetches them.
 class PageWriter {
 public:
-    QString slides(const Message& message);
+    QString slides(const Message& message, int& leftOut);
     QString contents() const { return contents_; }
 
 private:
@@ -126,18 +130,21 @@ QString PageWriter::slide(const SlideView& view, int number) {
                       .arg(durationLabel(view.duration), under);
 }
 
-QString PageWriter::slides(const Message& message) {
+QString PageWriter::slides(const Message& message, int& leftOut) {
+    const int slides = message.presentation->getTotalSlidesNum();
+    const int written = std::min(slides, MAX_SLIDES_PLAYED);
+    leftOut = slides - written;
     QString text;
-    for (int i = 0; i < message.presentation->getTotalSlidesNum(); ++i)
+    for (int i = 0; i < written; ++i)
         text += slide(slideView(message, i), i + 1);
     return text;
 }
 
 } // namespace
 
-QByteArray slidesAsPage(const Message& message) {
+QByteArray slidesAsPage(const Message& message, int& leftOut) {
     PageWriter writer;
-    const QString slides = writer.slides(message);
+    const QString slides = writer.slides(message, leftOut);
     const QString subject = printable(message.header.getSubject());
     const QString title = (subject.isEmpty() ? QStringLiteral("Message") : subject).toHtmlEscaped();
     const QString page =

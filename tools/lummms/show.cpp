@@ -41,9 +41,10 @@ QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part) {
 
 void addRow(QList<Row>& rows, const MMS_COMP_SMILMultipartBodypart& part, const QString& number, int depth) {
     const QString indent(2 * depth, u' ');
-    rows += Row{{indent + number, typeOf(part), printable(part.getContentLocation()),
-                 QString::number(part.getBodyData().size()), charsetOf(part)},
-                isText(part) ? firstWords(part) : QString()};
+    const qsizetype octets = part.getBodyData().size();
+    rows += Row{{indent + number, typeOf(part), printable(part.getContentLocation()), QString::number(octets),
+                 charsetOf(part)},
+                isText(part) && octets ? firstWords(part) : QString()};
     for (int i = 0; i < part.getSubBodyCount(); ++i)
         addRow(rows, *part.getSubBody(static_cast<unsigned int>(i)),
                QStringLiteral("%1.%2").arg(number).arg(i + 1), depth + 1);

@@ -18,8 +18,8 @@
 
 namespace {
 
-constexpr int PICTURE_MEGABYTES = 64;      // a small file may announce a huge picture
-constexpr qsizetype WORDS_OCTETS = 100000; // of a text; far more than anybody reads on a slide
+constexpr int PICTURE_MEGABYTES = 64;     // a small file may announce a huge picture
+constexpr qsizetype WORDS_OCTETS = 20000; // of a text; far more than anybody reads on a slide
 
 /// Formats of pictures that phones send. Others, whatever plug-ins can read, are left alone.
 constexpr const char* PICTURE_FORMATS[] = {"png", "jpeg", "gif", "bmp", "webp"};
