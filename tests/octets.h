@@ -8,13 +8,19 @@
 #include <ostream>
 
 /// Octets written in hexadecimal, blanks as you like: octets("8C 80 8D 90").
-inline QByteArray octets(const char* hex) { return QByteArray::fromHex(QByteArray(hex).replace(' ', "")); }
+inline QByteArray octets(const char* hex) {
+    return QByteArray::fromHex(QByteArray(hex).replace(' ', ""));
+}
 
 /// The same, followed by further octets, such as a text with its closing zero.
-inline QByteArray octets(const char* hex, const QByteArray& more) { return octets(hex) + more; }
+inline QByteArray octets(const char* hex, const QByteArray& more) {
+    return octets(hex) + more;
+}
 
 /// How a failed comparison shows Qt's texts.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << (text.isNull() ? "(null)" : qPrintable('"' + text + '"'));
 }
-inline void PrintTo(const QByteArray& bytes, std::ostream* out) { *out << bytes.toHex(' ').constData(); }
+inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
+    *out << bytes.toHex(' ').constData();
+}
