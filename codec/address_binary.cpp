@@ -2,8 +2,7 @@
 
 #include "codec/codec_result.h"
 #include "codec/text_binary.h"
-
-#include <algorithm>
+#include "platform/utility/ascii.h"
 
 namespace {
 
@@ -17,14 +16,12 @@ QString wireText(const MMS_UTIL_Entry& entry) {
     return entry.getType() == MMS_UTIL_Entry::PLMN ? entry.getAddress() + phoneSuffix : entry.getAddress();
 }
 
-bool isAscii(const QString& text) {
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
-}
-
-MMS_UTIL_Entry parseAddress(const QString& text) {
+MMS_UTIL_Entry parseAddress(QString text) {
     const auto suffix = text.indexOf(phoneSuffix);
-    if (suffix >= 0)
-        return {QString(), MMS_UTIL_Entry::PLMN, text.left(suffix)};
+    if (suffix >= 0) {
+        text.truncate(suffix);
+        return {QString(), MMS_UTIL_Entry::PLMN, text};
+    }
     if (!text.contains('@'))
         return {QString(), MMS_UTIL_Entry::PLMN, text};
     const auto open = text.indexOf('<');
@@ -40,7 +37,7 @@ MMS_UTIL_Entry parseAddress(const QString& text) {
 unsigned char AddressBinary::readFrom(LinearBuffer* buffer, MMS_UTIL_Entry* out) {
     QString text;
     const unsigned char result = EncodedStringBinary::readFrom(buffer, &text);
-    *out = parseAddress(text);
+    *out = parseAddress(std::move(text));
     return result;
 }
 

@@ -5,6 +5,7 @@
 #include "codec/linear_buffer.h"
 #include "codec/text_binary.h"
 #include "codec/ua_msg.h"
+#include "platform/utility/ascii.h"
 #include "platform/utility/common.h"
 
 #include <cstring>
@@ -34,7 +35,7 @@ QString valueOf(const QString& params, const QString& key) {
 }
 
 int utf8Size(const QString& text) {
-    return static_cast<int>(text.toUtf8().size());
+    return static_cast<int>(isAscii(text) ? text.size() : text.toUtf8().size());
 }
 
 /// A content type as it goes on the wire.

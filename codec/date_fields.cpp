@@ -10,8 +10,7 @@ unsigned char MsgDateField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) c
     const unsigned char result = SecondsBinary::readFrom(buffer, &dropped);
     if (result != CODEC_READ)
         return result;
-    tzset();
-    msg->setSendTime(QDateTime::currentDateTime());
+    msg->setSendTimeToNow();
     return result;
 }
 
@@ -21,7 +20,7 @@ unsigned char MsgDateField::writeField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) 
 }
 
 int MsgDateField::fieldSize(MMS_UA_UAMsg* msg) const {
-    return 1 + SecondsBinary::sizeOf(SecondsBinary::of(msg->getSendTime()));
+    return 1 + SecondsBinary::sizeOf(msg->getSendTime());
 }
 
 unsigned char DeliveryTimeField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const {

@@ -39,7 +39,10 @@ bool LinearBuffer::readData(unsigned char* out, int n) {
 }
 
 bool LinearBuffer::appendByte(unsigned char octet) {
-    return appendData(&octet, 1);
+    if (!hasMore())
+        return false;
+    data_[position_++] = octet;
+    return true;
 }
 
 bool LinearBuffer::appendData(const unsigned char* src, int n) {
@@ -49,6 +52,14 @@ bool LinearBuffer::appendData(const unsigned char* src, int n) {
         std::memcpy(data_ + position_, src, static_cast<size_t>(n));
     position_ += n;
     return true;
+}
+
+unsigned char* LinearBuffer::claim(int n) {
+    if (!fits(*this, n))
+        return nullptr;
+    unsigned char* begin = data_ + position_;
+    position_ += n;
+    return begin;
 }
 
 void LinearBuffer::rewind(int n) {

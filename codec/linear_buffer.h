@@ -43,6 +43,9 @@ public:
     bool appendByte(unsigned char octet);
     /// Writes `n` octets, all or nothing; false when there is no room for all.
     bool appendData(const unsigned char* src, int n);
+    /// The next `n` octets, to be written by the caller; null, and nothing changed, when there is no
+    /// room for all.
+    unsigned char* claim(int n);
 
     /// Goes `n` octets back, at most to the beginning.
     void rewind(int n);

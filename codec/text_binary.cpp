@@ -3,9 +3,11 @@
 #include "codec/codec_result.h"
 #include "codec/integer_binary.h"
 #include "codec/linear_buffer.h"
+#include "platform/utility/ascii.h"
 
 #include <QByteArray>
 
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -13,23 +15,39 @@ namespace {
 constexpr unsigned char quote = 127;
 constexpr int utf8Mib = 106;
 
-/// A text as the octets that stand on the wire, without the closing zero.
-struct WireText {
+/// A text as the octets that stand on the wire, without the closing zero. ASCII, as most of a header
+/// is, goes there straight from the text.
+class WireText {
+public:
     explicit WireText(const QString& text)
-        : utf8(text.toUtf8()), quoted(!utf8.isEmpty() && (utf8.at(0) & 0x80)) {}
+        : text_(text), utf8_(isAscii(text) ? QByteArray() : text.toUtf8()),
+          quoted_(!utf8_.isEmpty() && (utf8_.at(0) & 0x80)) {}
 
-    int size() const { return static_cast<int>(utf8.size()) + (quoted ? 1 : 0); }
+    int size() const {
+        return static_cast<int>(utf8_.isNull() ? text_.size() : utf8_.size()) + (quoted_ ? 1 : 0);
+    }
 
     void appendTo(LinearBuffer* buffer) const {
-        if (quoted)
+        if (quoted_)
             buffer->appendByte(quote);
-        buffer->appendData(reinterpret_cast<const unsigned char*>(utf8.constData()),
-                           static_cast<int>(utf8.size()));
+        if (utf8_.isNull())
+            appendAscii(buffer);
+        else
+            buffer->appendData(reinterpret_cast<const unsigned char*>(utf8_.constData()),
+                               static_cast<int>(utf8_.size()));
         buffer->appendByte(0);
     }
 
-    QByteArray utf8;
-    bool quoted;
+private:
+    void appendAscii(LinearBuffer* buffer) const {
+        if (unsigned char* octets = buffer->claim(static_cast<int>(text_.size())))
+            std::transform(text_.begin(), text_.end(), octets,
+                           [](QChar c) { return static_cast<unsigned char>(c.unicode()); });
+    }
+
+    QStringView text_;
+    QByteArray utf8_; // null for ASCII
+    bool quoted_;
 };
 
 } // namespace

@@ -22,7 +22,6 @@ int signedSeconds(time_t seconds) {
 } // namespace
 
 time_t SecondsBinary::of(const QDateTime& time) {
-    tzset();
     const QDate date = time.date();
     const QTime clock = time.time();
     tm parts{};
@@ -33,7 +32,7 @@ time_t SecondsBinary::of(const QDateTime& time) {
     parts.tm_mon = date.month() - 1;
     parts.tm_year = date.year() - 1900;
     parts.tm_isdst = -1;
-    return mktime(&parts);
+    return mktime(&parts); // follows a change of the time zone, as tzset() does
 }
 
 unsigned char SecondsBinary::readFrom(LinearBuffer* buffer, unsigned int* out) {
@@ -59,6 +58,14 @@ int SecondsBinary::sizeOf(time_t seconds) {
     return needsUnsigned(seconds) ? 5 : IntegerBinary::sizeOf(signedSeconds(seconds));
 }
 
+int SecondsBinary::sizeOf(const QDateTime& time) {
+    // Saves a look at the time zone: whatever it is, moments of these years take four octets.
+    constexpr int firstYear = 1971;
+    constexpr int lastYear = 2105;
+    const int year = time.date().year();
+    return year >= firstYear && year <= lastYear ? 5 : sizeOf(of(time));
+}
+
 unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, unsigned int* seconds) {
     int length = 0; // not used to bound the rest
     unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
@@ -77,7 +84,6 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, QDateTime* out) {
     const unsigned char result = readFrom(buffer, &token, &seconds);
     if (result != CODEC_READ)
         return result;
-    tzset();
     *out = token == ABSOLUTE ? QDateTime::fromSecsSinceEpoch(seconds)
                              : QDateTime::currentDateTime().addSecs(seconds);
     return result;
@@ -98,5 +104,5 @@ int TimeBinary::sizeOf(time_t seconds) {
 }
 
 int TimeBinary::sizeOf(const QDateTime& time) {
-    return sizeOf(SecondsBinary::of(time));
+    return SecondsBinary::sizeOf(time) + 2;
 }

@@ -23,6 +23,8 @@ public:
     static unsigned char writeTo(LinearBuffer* buffer, time_t seconds);
     /// Octets that writeTo() writes.
     static int sizeOf(time_t seconds);
+    /// Octets of the seconds of a date-time.
+    static int sizeOf(const QDateTime& time);
 };
 
 /// A time as Delivery-Time and Expiry have it (MMS encapsulation, sections 7.2.7 and 7.2.8): a

@@ -84,6 +84,11 @@ void MMS_UA_UAMsg::setSendTime(QDateTime time) {
     Base::setSendTime(std::move(time));
 }
 
+void MMS_UA_UAMsg::setSendTimeToNow() {
+    markPresent(FIELD_DATE);
+    Base::setSendTimeToNow();
+}
+
 void MMS_UA_UAMsg::setDeliveryTime(QDateTime time) {
     if (time.isNull())
         return;

@@ -41,6 +41,8 @@ public:
     void setMsgURI(QString uri) override;
     void printMsg() override;
 
+    /// Makes the present moment the send time, as decoding does, and marks Date present.
+    void setSendTimeToNow();
     /// The sender of a received message whose network is still to fill it in: name "NoBody", type 2,
     /// no address. Marks From present.
     void setFromPlaceholder();

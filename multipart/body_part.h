@@ -188,6 +188,7 @@ public:
 
 private:
     friend class BodypartLink;
+    friend class PartReference; // compares names without copying them
 
     bool readRecord(RecordReader& record, int depth);
     void writeRecord(RecordWriter& record) const;

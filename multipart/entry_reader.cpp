@@ -6,6 +6,7 @@
 #include "multipart/body_text.h"
 #include "multipart/entry_codec.h"
 #include "multipart/wsp_codes.h"
+#include "platform/utility/ascii.h"
 #include "platform/utility/common.h"
 #include "platform/utility/tool.h"
 #include "util/lowered.h"
@@ -174,7 +175,10 @@ unsigned char EntryReader::readLocation() {
     const int length = end ? static_cast<int>(end - text) : room;
     if (length > longestLocation)
         return CODEC_MALFORMED;
-    part_->setContentLocation(QString::fromUtf8(text, length));
+    // as a rule it is the name in the content type once more
+    const QString name = part_->getContentLocation();
+    if (name != QLatin1String(text, length) || !isAscii(name))
+        part_->setContentLocation(QString::fromUtf8(text, length));
     in_->skip(end ? length + 1 : length);
     return end ? CODEC_READ : CODEC_MALFORMED;
 }

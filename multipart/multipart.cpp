@@ -1,7 +1,7 @@
 #include "multipart/multipart.h"
 
 #include "multipart/part_names.h"
-#include "platform/mime/email_util.h"
+#include "multipart/part_reference.h"
 #include "util/lowered.h"
 #include "util/unique_name.h"
 
@@ -12,33 +12,13 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
+// What EMAIL_Util calls TYPE_APPLICATION and SUBTYPE_WAP_MULTIPART_RELATED, without a search in its tables
+// for every container that is made.
 QString typeName() {
-    QCString name;
-    EMAIL_Util::typeEnumToStr(EMAIL_Util::TYPE_APPLICATION, name);
-    return QString::fromLatin1(name);
+    return QStringLiteral("application");
 }
-
 QString relatedName() {
-    QCString name;
-    EMAIL_Util::subTypeEnumToStr(EMAIL_Util::SUBTYPE_WAP_MULTIPART_RELATED, name);
-    return QString::fromLatin1(name);
-}
-
-/// The reference without the marks of a Content-ID, in this order: a "cid:" in front of a "<" is
-/// taken off, the "<" behind it stays.
-QStringView bareId(QStringView reference) {
-    if (reference.startsWith('<'))
-        reference = reference.sliced(1);
-    if (reference.endsWith('>'))
-        reference.chop(1);
-    if (reference.startsWith(u"cid:", Qt::CaseInsensitive))
-        reference = reference.sliced(4);
-    return reference;
-}
-
-bool matches(const Part* part, const QString& reference) {
-    return MMS_COMP_SMILMultipart::isCidEqual(reference, part->getContentID()) ||
-           equalLowered(part->getContentLocation(), reference);
+    return QStringLiteral("vnd.wap.multipart.related");
 }
 
 bool isOrdinary(const Part* part) {
@@ -109,9 +89,10 @@ int MMS_COMP_SMILMultipart::deletePart(int index) {
 int MMS_COMP_SMILMultipart::deletePartBySrc(const QString& src) {
     if (src.isEmpty())
         return ERR_NO_PART;
+    const PartReference reference(src);
     for (int i = 0; i < parts_.count();) {
         Part* part = parts_.at(i);
-        if (!matches(part, src)) {
+        if (!reference.means(*part)) {
             ++i;
             continue;
         }
@@ -128,28 +109,30 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString& src) {
 // ---- references and names ----
 
 QString MMS_COMP_SMILMultipart::parseCid(const QString& reference) {
-    const QStringView bare = bareId(reference);
+    const QStringView bare = bareContentId(reference);
     return bare.size() == reference.size() ? reference : bare.toString();
 }
 
 bool MMS_COMP_SMILMultipart::isCidEqual(const QString& a, const QString& b) {
-    const QStringView idA = bareId(QStringView(a).trimmed());
-    return !idA.isEmpty() && equalLowered(idA, bareId(QStringView(b).trimmed()));
+    return isSameContentId(a, b);
 }
 
 MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString& src,
                                                                          int fileType) const {
     if (src.isEmpty())
         return nullptr;
+    const PartReference reference(src);
     for (Part* part : parts_)
-        if (part->getDispFileType() == fileType && matches(part, src))
+        if (part->getDispFileType() == fileType && reference.means(*part))
             return part;
     return nullptr;
 }
 
 bool MMS_COMP_SMILMultipart::isPartExist(const QString& name) const {
-    return !isUsableName(name) || std::any_of(parts_.begin(), parts_.end(),
-                                              [&name](const Part* part) { return matches(part, name); });
+    const PartReference reference(name);
+    return !isUsableName(name) || std::any_of(parts_.begin(), parts_.end(), [&reference](const Part* part) {
+        return reference.means(*part);
+    });
 }
 
 QString MMS_COMP_SMILMultipart::createUniqueLocation(const QString& name) const {

@@ -11,6 +11,7 @@
 #include "util/mms_comp_util.h"
 
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -116,15 +117,17 @@ int MMS_COMP_SMILMultipartParser::parse(const QArray<char>& data, MMS_UTIL_MsgHe
 void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
     if (!body)
         return;
-    PartNames names(body->parts_);
+    std::optional<PartNames> names; // gathered for the first part without a location
     for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
         if (part->getContentLocation().isEmpty()) {
+            if (!names)
+                names.emplace(body->parts_);
             const QString shown = part->getDispFileName();
-            part->setContentLocation(shown.isEmpty() ? names.uniqueAttachmentLocation(
+            part->setContentLocation(shown.isEmpty() ? names->uniqueAttachmentLocation(
                                                            MMS_COMP_Util::getFirstSupportExtNameByMIMEType(
                                                                part->getContentType(), part->getSubType()))
-                                                     : names.uniqueLocation(shown));
-            names.add(*part);
+                                                     : names->uniqueLocation(shown));
+            names->add(*part);
         }
         if (part->getDispFileName().isEmpty())
             part->setDispFileName(part->getContentLocation());

@@ -15,6 +15,7 @@ QString bareId(const QString& reference) {
 } // namespace
 
 PartNames::PartNames(const BodypartList& parts) {
+    locations_.reserve(parts.count());
     for (const MMS_COMP_SMILMultipartBodypart* part : parts)
         add(*part);
 }
@@ -27,7 +28,8 @@ void PartNames::add(const MMS_COMP_SMILMultipartBodypart& part) {
 }
 
 bool PartNames::contains(const QString& name) const {
-    return locations_.contains(name.toLower()) || contentIds_.contains(bareId(name));
+    return locations_.contains(name.toLower()) ||
+           (!contentIds_.isEmpty() && contentIds_.contains(bareId(name)));
 }
 
 QString PartNames::uniqueLocation(const QString& name) const {
@@ -45,9 +47,11 @@ QString PartNames::uniqueLocation(const QString& name) const {
                       [this](const QString& taken) { return contains(taken); });
 }
 
-QString PartNames::uniqueAttachmentLocation(const QString& extension) const {
+QString PartNames::uniqueAttachmentLocation(const QString& extension) {
     const auto taken = [this](const QString& name) { return contains(name); };
-    const QString before = QStringLiteral("file");
-    const QString name = numberedName(before, extension.isEmpty() ? extension : '.' + extension, taken);
-    return name.isNull() ? numberedName(before, QString(), taken) : name;
+    const auto file = [&](const QString& after) {
+        return numberedName(QStringLiteral("file"), after, taken, &nextFile_[after]);
+    };
+    const QString name = file(extension.isEmpty() ? extension : '.' + extension);
+    return name.isNull() ? file(QString()) : name;
 }

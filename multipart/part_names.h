@@ -2,6 +2,7 @@
 
 #include "multipart/body_part_list.h"
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 
@@ -19,9 +20,10 @@ public:
     /// What MMS_COMP_SMILMultipart::createUniqueLocation() gives.
     QString uniqueLocation(const QString& name) const;
     /// What MMS_COMP_SMILMultipart::createUniqueAttchmentLocation() gives.
-    QString uniqueAttachmentLocation(const QString& extension) const;
+    QString uniqueAttachmentLocation(const QString& extension);
 
 private:
-    QSet<QString> contentIds_; // bare and in lower case
-    QSet<QString> locations_;  // in lower case
+    QSet<QString> contentIds_;     // bare and in lower case
+    QSet<QString> locations_;      // in lower case
+    QHash<QString, int> nextFile_; // by what follows the number: where the search for a free one goes on
 };

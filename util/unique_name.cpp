@@ -31,9 +31,13 @@ QString cutBase(const QString& base, const QString& ext) {
     return base.left(std::max<qsizetype>(longestMadeName - ext.size(), 0));
 }
 
-QString numberedName(const QString& before, const QString& after, const NameTaken& taken) {
-    for (int n = 0;; ++n) {
-        const QString name = before + QString::number(n) + after;
+QString numberedName(const QString& before, const QString& after, const NameTaken& taken, int* number) {
+    int fromZero = 0;
+    QString name = before;
+    for (int& n = number ? *number : fromZero;; ++n) {
+        name.truncate(before.size());
+        name += QString::number(n);
+        name += after;
         if (!isUsableName(name))
             return QString();
         if (!taken(name))

@@ -18,8 +18,9 @@ bool isUsableName(const QString& name);
 QString cutBase(const QString& base, const QString& ext);
 
 /// The first of before0after, before1after, ... that is not taken; null when such names are not
-/// usable.
-QString numberedName(const QString& before, const QString& after, const NameTaken& taken);
+/// usable. With `number` the search begins at that number and leaves there where it ended.
+QString numberedName(const QString& before, const QString& after, const NameTaken& taken,
+                     int* number = nullptr);
 
 /// A usable name that is not taken: `first`, or else base_0.ext, base_1.ext, ... (base_0, base_1, ...
 /// without an extension).

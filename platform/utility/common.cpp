@@ -1,5 +1,7 @@
 #include "platform/utility/common.h"
 
+#include "platform/utility/ascii.h"
+
 #include <QDir>
 
 #include <algorithm>
@@ -119,10 +121,6 @@ const MediaNames& namesOf(unsigned char code) {
         return names;
     }();
     return code < known.size() ? known[code] : unknown;
-}
-
-bool isAscii(const QString& text) {
-    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
 /// Whether a text is this name (ASCII, in lower case) once its ASCII letters are in lower case.

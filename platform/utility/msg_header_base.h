@@ -7,6 +7,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <optional>
+
 /// A content type as three texts.
 struct LUM_EXPORT MMS_CONTENT_TYPE_T {
     QString type;       ///< top-level media type, such as "application"
@@ -82,6 +84,9 @@ public:
     virtual void setReadReplyNecessity(bool on);
     /// The Content-Location from which the message can be fetched.
     virtual void setMsgURI(QString uri);
+    /// The same as setSendTime() with the present moment in local time. Looking the time zone up takes
+    /// longer than reading a header does; here it is left to getSendTime().
+    void setSendTimeToNow();
     /// A hook for debugging; prints nothing.
     virtual void printMsg();
 
@@ -102,7 +107,7 @@ public:
     /// The Message-ID.
     QString getMsgID() const { return msgId_; }
     /// The Date, in local time; of a received message the moment of reading.
-    QDateTime getSendTime() const { return sendTime_; }
+    QDateTime getSendTime() const { return sendMoment_ ? sendMoment_->toLocalTime() : sendTime_; }
     /// The earliest time of delivery, in local time; null when there is none.
     QDateTime getDeliveryTime() const { return deliveryTime_; }
     /// Seconds, counted from now, after which the message may be dropped.
@@ -141,6 +146,7 @@ private:
     unsigned char priority_ = 129; // Normal, as a message without the field has it
     QString msgId_;
     QDateTime sendTime_;
+    std::optional<QDateTime> sendMoment_; // in UTC; the send time, if there is one
     QDateTime deliveryTime_;
     unsigned int expireTime_ = 0;
     bool senderVisibility_ = false;

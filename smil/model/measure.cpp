@@ -1,5 +1,7 @@
 #include "smil/model/measure.h"
 
+#include "smil/model/short_number.h"
+
 #include <QStringView>
 
 #include <algorithm>
@@ -65,6 +67,8 @@ float measure(const QString& text) {
     const QString number = withoutUnit(text);
     if (number.isEmpty())
         return NOT_GIVEN;
+    if (const std::optional<int> whole = shortNumber(number))
+        return static_cast<float>(*whole);
     constexpr double greatest = std::numeric_limits<float>::max();
     return static_cast<float>(std::clamp(leadingNumber(number).toDouble(), -greatest, greatest));
 }

@@ -121,7 +121,7 @@ int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body
 
 int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* body,
                                    MMS_COMP_SMILData* data) {
-    QDomDocument document(QStringLiteral("smil"));
+    QDomDocument document;
     if (const int result = readDocument(smil, document))
         return result;
     QDomElement root = document.documentElement();

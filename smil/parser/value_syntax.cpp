@@ -1,4 +1,5 @@
 #include "smil/model/color.h"
+#include "smil/model/short_number.h"
 #include "smil/model/smil_time.h"
 #include "smil/parser/smil_parser.h"
 
@@ -51,19 +52,11 @@ constexpr TimeUnit TIME_UNITS[] = {
     {QLatin1StringView("h"), {60.0F, 60.0F, 1000.0F}},
 };
 
-/// QStringView::toFloat(), with a short way for the whole numbers that phones write: up to seven digits
-/// are exact in single precision, and the general conversion takes thirty times as long.
+/// QStringView::toFloat(), with a short way for the whole numbers that phones write.
 float toFloat(QStringView number, bool& ok) {
-    constexpr qsizetype exactDigits = 7;
-    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    if (number.isEmpty() || number.size() > exactDigits ||
-        !std::all_of(number.begin(), number.end(), isDigit))
-        return number.toFloat(&ok);
-    int value = 0;
-    for (const QChar digit : number)
-        value = value * 10 + (digit.unicode() - u'0');
-    ok = true;
-    return static_cast<float>(value);
+    const std::optional<int> whole = shortNumber(number);
+    ok = whole.has_value();
+    return whole ? static_cast<float>(*whole) : number.toFloat(&ok);
 }
 
 /// Single precision throughout, as the phones calculate; what no 32-bit integer holds is clamped.

@@ -1,0 +1,28 @@
+#include "multipart/part_reference.h"
+
+#include "multipart/body_part.h"
+#include "util/lowered.h"
+
+QStringView bareContentId(QStringView reference) {
+    if (reference.startsWith('<'))
+        reference = reference.sliced(1);
+    if (reference.endsWith('>'))
+        reference.chop(1);
+    if (reference.startsWith(u"cid:", Qt::CaseInsensitive))
+        reference = reference.sliced(4);
+    return reference;
+}
+
+bool isSameContentId(QStringView a, QStringView b) {
+    const QStringView id = bareContentId(a.trimmed());
+    return !id.isEmpty() && equalLowered(id, bareContentId(b.trimmed()));
+}
+
+PartReference::PartReference(QStringView text) : text_(text), id_(bareContentId(text.trimmed())) {
+}
+
+bool PartReference::means(const MMS_COMP_SMILMultipartBodypart& part) const {
+    const QStringView id = part.contentId_;
+    return equalLowered(part.contentLocation_, text_) ||
+           (!id_.isEmpty() && equalLowered(bareContentId(id.trimmed()), id_));
+}

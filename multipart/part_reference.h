@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringView>
+
+class MMS_COMP_SMILMultipartBodypart;
+
+/// The reference without the marks of a Content-ID, in this order: a "cid:" in front of a "<" is
+/// taken off, the "<" behind it stays.
+QStringView bareContentId(QStringView reference);
+
+/// Whether two references mean the same Content-ID; never, when the first is empty.
+bool isSameContentId(QStringView a, QStringView b);
+
+/// A reference to body parts, made ready for being compared with many.
+class PartReference {
+public:
+    /// The text stays the caller's and must outlive the reference.
+    explicit PartReference(QStringView text);
+
+    /// Whether it is the part's Content-ID or Content-Location.
+    bool means(const MMS_COMP_SMILMultipartBodypart& part) const;
+
+private:
+    QStringView text_;
+    QStringView id_;
+};
