@@ -13,3 +13,5 @@ target_sources(message_fuzz PRIVATE ${shown_sources})
 
 add_executable(write_seeds ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/write_seeds.cpp)
 target_link_libraries(write_seeds PRIVATE lumsmilparser)
+target_compile_definitions(write_seeds PRIVATE
+    SAMPLE_MESSAGE="${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms")

@@ -142,8 +142,9 @@ int MMS_COMP_SMILLayout::setRootLayout(QDomElement* element) {
 }
 
 size_t MMS_COMP_SMILLayout::SameValues::operator()(const MMS_COMP_SMILRegion* region) const {
-    return qHashMulti(0, region->height_, region->width_, region->top_, region->left_, region->id_,
-                      static_cast<int>(region->fit_));
+    // seeded, so that nobody can choose regions that all fall together
+    return qHashMulti(QHashSeed::globalSeed(), region->height_, region->width_, region->top_, region->left_,
+                      region->id_, static_cast<int>(region->fit_));
 }
 
 bool MMS_COMP_SMILLayout::SameValues::operator()(const MMS_COMP_SMILRegion* a,

@@ -1,0 +1,318 @@
+#include "bench/hostile/shapes.h"
+
+#include <lumsmilparser.h>
+
+#include <QDataStream>
+#include <QIODevice>
+
+namespace {
+
+QByteArray hex(const char* digits) {
+    return QByteArray::fromHex(QByteArray(digits).replace(' ', ""));
+}
+
+/// All octets of a literal, NULs too, but for its closing one.
+template <size_t size>
+QByteArray raw(const char (&octets)[size]) {
+    return QByteArray(octets, size - 1);
+}
+
+QByteArray uintvar(unsigned int value) {
+    QByteArray octets(1, static_cast<char>(value & 0x7F));
+    while (value >>= 7)
+        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
+    return octets;
+}
+
+/// One part of a body, its headers (content type included) and its data as given.
+QByteArray entry(const QByteArray& headers, const QByteArray& data) {
+    return uintvar(static_cast<unsigned int>(headers.size())) +
+           uintvar(static_cast<unsigned int>(data.size())) + headers + data;
+}
+
+/// A body of that many equal parts.
+QByteArray body(int count, const QByteArray& part) {
+    return QByteArray(1, static_cast<char>(count)) + part.repeated(count);
+}
+
+QByteArray repeated(const QByteArray& piece, int octets) {
+    return piece.repeated(octets / int(piece.size()));
+}
+
+/// The pieces between an opening and a closing.
+std::function<QByteArray(int)> series(const QByteArray& opening, const QByteArray& piece,
+                                      const QByteArray& closing) {
+    return [=](int octets) { return opening + repeated(piece, octets) + closing; };
+}
+
+void receiveHeader(const QByteArray& octets) {
+    QByteArray input = octets;
+    auto length = static_cast<unsigned int>(input.size());
+    MMS_UA_UAMsg msg;
+    MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char*>(input.data()), length, &msg);
+}
+
+void receiveBody(const QByteArray& octets) {
+    MMS_UA_UAMsg header;
+    MMS_COMP_SMILMultipart parts;
+    MMS_COMP_SMILMultipartParser::parse(octets, &header, &parts);
+}
+
+/// Reads a presentation and writes it, its content in the parts of `parts`.
+void receiveSmil(const QByteArray& text, MMS_COMP_SMILMultipart& parts) {
+    MMS_COMP_SMILData data(&parts);
+    QArray<char> smil = text;
+    MMS_COMP_SMILParser().parse(smil, &parts, &data);
+    MMS_COMP_SMILParser::convertToSMILLang(&data);
+    data.createUniqueSrc("a.jpg");
+    data.removeEmptyTextBeforeSend();
+}
+
+MMS_COMP_SMILMultipartBodypart* partNamed(const QString& location, const QString& id) {
+    auto* part = new MMS_COMP_SMILMultipartBodypart;
+    part->setContentLocation(location);
+    part->setContentID(id);
+    return part;
+}
+
+void receiveSmilOfOnePart(const QByteArray& text) {
+    MMS_COMP_SMILMultipart parts;
+    parts.appendBodypart(partNamed("a", "b"));
+    receiveSmil(text, parts);
+}
+
+/// As many parts as a body can have, with names as long as a message has room for beside the text. They
+/// begin alike and differ at their ends.
+void receiveSmilOfLongNames(const QByteArray& text) {
+    MMS_COMP_SMILMultipart parts;
+    const QString begin = QString(250, u'\u00C9');
+    for (int i = 0; i < 255; ++i)
+        parts.appendBodypart(partNamed(begin + QString::number(i), begin + QString::number(i)));
+    receiveSmil(text, parts);
+}
+
+void receiveSlideRecord(const QByteArray& octets) {
+    QDataStream stream(octets);
+    MMS_COMP_SMILTimingContainer slide(nullptr);
+    slide.readFromStream(stream);
+}
+
+void receivePartRecord(const QByteArray& octets) {
+    QDataStream stream(octets);
+    MMS_COMP_SMILMultipartBodypart part;
+    part.readFromStream(stream);
+}
+
+/// Many parts in a body of bodies; `headers(i)` are those of the i-th.
+QByteArray bodyOfBodies(int octets, const std::function<QByteArray(int)>& headers) {
+    QByteArray outer;
+    int count = 0;
+    for (int i = 0; outer.size() < octets && count < 255; ++count) {
+        QByteArray inner(1, '\xFF');
+        for (int j = 0; j < 255; ++j)
+            inner += entry(headers(i++), QByteArray());
+        outer += entry(hex("C8"), inner);
+    }
+    return char(count) + outer;
+}
+
+QByteArray nestedBodies(int octets) {
+    QByteArray inside = body(1, entry(hex("83"), QByteArray(octets, 'x')));
+    for (int depth = 1; depth <= 16; ++depth)
+        inside = body(1, entry(hex("C8"), inside));
+    return inside;
+}
+
+QByteArray partsOfOneName(int octets) {
+    return body(255, entry(QByteArray("image/png") + '\0', QByteArray(octets / 255, 'x')));
+}
+
+QByteArray partsOfLongNames(int octets) {
+    const QByteArray name(std::min(octets / 255, 1000), '\xC9');
+    return body(255, entry(hex("83 8E") + name + '\0' + hex("C0") + name + '\0', QByteArray()));
+}
+
+QByteArray textIn(const QByteArray& mib, const QByteArray& text) {
+    return body(1, entry(QByteArray(1, char(2 + mib.size())) + hex("83 81") + mib, text));
+}
+
+QByteArray texts(const QByteArray& mib, const QByteArray& piece, int octets) {
+    return textIn(mib, repeated(piece, octets));
+}
+
+QByteArray longIntegerMib(int mib) {
+    return QByteArray(1, 2) + char(mib >> 8) + char(mib & 0xFF);
+}
+
+QByteArray elements(int depth) {
+    return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
+}
+
+QByteArray manyAttributes(int octets) {
+    QByteArray tag = "<a";
+    for (int i = 0; i < 900; ++i)
+        tag += " a" + QByteArray::number(i) + "=''";
+    return "<smil>" + repeated(tag + "/>", octets) + "</smil>";
+}
+
+QByteArray manyRegions(int octets) {
+    QByteArray text = "<smil><head><layout>";
+    for (int i = 0; text.size() < octets; ++i)
+        text += "<region id='" + QByteArray::number(i) + "'/>";
+    return text + "</layout></head></smil>";
+}
+
+/// Half of the octets, where the other half of the message is the names of its parts.
+std::function<QByteArray(int)> half(const std::function<QByteArray(int)>& make) {
+    return [make](int octets) { return make(octets / 2); };
+}
+
+std::vector<Shape> headerShapes() {
+    const QByteArray begin = hex("8C 84");
+    return {
+        {"headers of unknown names", series(begin, raw("x\0y\0"), {}), receiveHeader},
+        {"unknown names without an end", series(begin, "x", {}), receiveHeader},
+        {"recipients", series(begin, raw("\x97\x61\0"), {}), receiveHeader},
+        {"content type of unknown parameters, no end",
+         [=](int n) { return begin + hex("84 1F") + uintvar(unsigned(n)) + hex("B3") + QByteArray(n, 'x'); },
+         receiveHeader},
+        {"content type of quotes",
+         [=](int n) { return begin + hex("84 1F") + uintvar(unsigned(n)) + hex("B3") + QByteArray(n, 0x7F); },
+         receiveHeader},
+        {"content type of empty names",
+         [=](int n) { return begin + hex("84 1F") + uintvar(unsigned(n)) + hex("B3") + QByteArray(n, 0); },
+         receiveHeader},
+        {"content type of long integers", series(begin + hex("84 1F FF FF 7F B3"), hex("89 00 8A 22 00"), {}),
+         receiveHeader},
+        {"long integers as field codes", series(begin, QByteArray(1, 0x1E) + QByteArray(0x1E, '\x80'), {}),
+         receiveHeader},
+        {"a value length without an end", series(begin + hex("96 1F"), "\xFF", {}), receiveHeader},
+    };
+}
+
+std::vector<Shape> bodyShapes() {
+    return {
+        {"part headers of unknown octets, no end",
+         [](int n) { return QByteArray(1, 1) + uintvar(unsigned(n)) + raw("\0\x83") + QByteArray(n, 'x'); },
+         receiveBody},
+        {"part headers of quotes",
+         [](int n) { return body(1, entry(QByteArray("\x83") + QByteArray(n, 0x7F), {})); }, receiveBody},
+        {"part headers of content ids",
+         [](int n) { return body(1, entry(QByteArray("\x83") + repeated(raw("\xC0x\0"), n), {})); },
+         receiveBody},
+        {"part headers of the prompt's beginning",
+         [](int n) { return body(1, entry(QByteArray("\x83") + repeated("X-Mms-UserPromp", n), {})); },
+         receiveBody},
+        {"content type of parameters",
+         [](int n) {
+             return body(
+                 1, entry(hex("1F") + uintvar(unsigned(n / 2 * 2 + 1)) + hex("83") + repeated(raw("a\0"), n),
+                          {}));
+         },
+         receiveBody},
+        {"nested bodies", nestedBodies, receiveBody},
+        {"bodies of bodies of empty parts",
+         [](int n) { return bodyOfBodies(n, [](int) { return hex("83"); }); }, receiveBody},
+        {"bodies of bodies of texts in unknown charsets",
+         [](int n) {
+             return bodyOfBodies(n, [](int i) { return hex("05 83 81") + longIntegerMib(256 + i % 60000); });
+         },
+         receiveBody},
+        {"255 parts that want one name", partsOfOneName, receiveBody, true},
+        {"255 parts of long names", partsOfLongNames, receiveBody, true},
+        {"text in UTF-7", [](int n) { return texts(longIntegerMib(1012), "+AOQ-", n); }, receiveBody},
+        {"text in ISO-2022-KR", [](int n) { return texts(hex("A5"), "\x0E\x0F", n); }, receiveBody},
+        {"text in ISO-2022-JP", [](int n) { return texts(hex("A7"), "\x1B$B\x1B(B", n); }, receiveBody},
+        {"text in GB18030", [](int n) { return texts(hex("F2"), "\x84\x31\xA4\x37", n); }, receiveBody},
+        {"text in windows-1252", [](int n) { return texts(longIntegerMib(2252), "\x80", n); }, receiveBody},
+        {"text in UTF-16", [](int n) { return texts(longIntegerMib(1015), "\xD8\x00", n); }, receiveBody},
+    };
+}
+
+std::vector<Shape> smilShapes() {
+    const QByteArray open = "<smil><body>";
+    const QByteArray close = "</body></smil>";
+    return {
+        {"nested elements", [](int n) { return "<smil>" + elements(n / 7) + "</smil>"; },
+         receiveSmilOfOnePart},
+        {"elements nested as deep as allowed", series("<smil>", elements(126), "</smil>"),
+         receiveSmilOfOnePart},
+        {"many slides", series(open, "<par/>", close), receiveSmilOfOnePart},
+        {"many objects", series(open, "<img src='a'/>", close), receiveSmilOfOnePart},
+        {"many objects of one slide", series(open + "<par>", "<ref src='a'/>", "</par>" + close),
+         receiveSmilOfOnePart},
+        {"many objects whose content is missing", series(open, "<img src='c'/>", close),
+         receiveSmilOfOnePart},
+        {"many parameters", series(open + "<ref src='a'>", "<param/>", "</ref>" + close),
+         receiveSmilOfOnePart},
+        {"many references to parts of long names",
+         half(series(open, "<img src='" + QString(250, u'\u00E9').toUtf8() + "'/>", close)),
+         receiveSmilOfLongNames},
+        {"many short references to parts of long names", half(series(open, "<img src='\xC3\x89'/>", close)),
+         receiveSmilOfLongNames},
+        {"many regions", manyRegions, receiveSmilOfOnePart},
+        {"many attributes", manyAttributes, receiveSmilOfOnePart},
+        {"many attributes of one element", series("<smil><a", " b=''", "/></smil>"), receiveSmilOfOnePart},
+        {"many metas", series("<smil><head>", "<meta/>", "</head></smil>"), receiveSmilOfOnePart},
+        {"a long value", series("<smil a='", "x", "'/>"), receiveSmilOfOnePart},
+        {"a long duration", series(open + "<par dur='", "9", "s'/>" + close), receiveSmilOfOnePart},
+        {"a long measure", series("<smil><head><layout><region top='", "9", "e9'/></layout></head></smil>"),
+         receiveSmilOfOnePart},
+        {"a long text", series("<smil>", "x", "</smil>"), receiveSmilOfOnePart},
+        {"a long name", series("<smil><", "x", "/></smil>"), receiveSmilOfOnePart},
+        {"a value of references", series("<smil a='", "&amp;", "'/>"), receiveSmilOfOnePart},
+        {"a text of references", series("<smil>", "&#38;", "</smil>"), receiveSmilOfOnePart},
+        {"sections", series("<smil>", "<![CDATA[x]]>", "</smil>"), receiveSmilOfOnePart},
+        {"comments", series("<smil>", "<!--x-->", "</smil>"), receiveSmilOfOnePart},
+        {"a long comment", series("<smil><!--", "- ", "--></smil>"), receiveSmilOfOnePart},
+        {"instructions", series("<smil>", "<?x y?>", "</smil>"), receiveSmilOfOnePart},
+        {"declarations", series("<!DOCTYPE smil [", "<!ELEMENT a (b)>", "]><smil/>"), receiveSmilOfOnePart},
+        {"a declaration of parentheses", series("<!DOCTYPE smil [<!ELEMENT a ", "(", ">]><smil/>"),
+         receiveSmilOfOnePart},
+        {"opened tags", series("<smil>", "<", {}), receiveSmilOfOnePart},
+        {"opened comments", series("<smil>", "<!--", {}), receiveSmilOfOnePart},
+        {"opened values", series("<smil>", "<a b='", {}), receiveSmilOfOnePart},
+        {"opened sections", series("<smil>", "<![CDATA[", {}), receiveSmilOfOnePart},
+        {"opened document types", series({}, "<!DOCTYPE a [<!ENTITY ", {}), receiveSmilOfOnePart},
+        {"no presentation", series({}, "<smi", {}), receiveSmilOfOnePart},
+    };
+}
+
+QByteArray manyObjects(int octets) {
+    QByteArray record;
+    QDataStream stream(&record, QIODevice::WriteOnly);
+    stream << qint32(5000) << qint32(0x7FFFFFFF);
+    MMS_COMP_SMILMediaObject object(nullptr);
+    while (record.size() < octets)
+        object.writeToStream(stream);
+    return record;
+}
+
+QByteArray manySubBodies(int octets) {
+    QByteArray record;
+    QDataStream stream(&record, QIODevice::WriteOnly);
+    MMS_COMP_SMILMultipartBodypart part;
+    part.writeToStream(stream);
+    record.replace(record.size() - 4, 4, hex("7F FF FF FF"));
+    stream.device()->seek(record.size());
+    while (record.size() < octets)
+        part.writeToStream(stream);
+    return record;
+}
+
+std::vector<Shape> recordShapes() {
+    return {
+        {"a slide's record of many objects", manyObjects, receiveSlideRecord},
+        {"a part's record of many sub-bodies", manySubBodies, receivePartRecord},
+        {"a part's record of one text", series(hex("7F FF FF FE"), "x", {}), receivePartRecord},
+    };
+}
+
+} // namespace
+
+std::vector<Shape> badShapes() {
+    std::vector<Shape> all;
+    for (const auto& some : {headerShapes(), bodyShapes(), smilShapes(), recordShapes()})
+        all.insert(all.end(), some.begin(), some.end());
+    return all;
+}

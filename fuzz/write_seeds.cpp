@@ -1,0 +1,207 @@
+// Writes the inputs that each fuzz target begins with: write_seeds DIRECTORY
+//
+// They are made by the library itself and by hand; what is put into DIRECTORY/TARGET has the form
+// that the target reads.
+
+#include <lumsmilparser.h>
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+
+#include <memory>
+
+namespace {
+
+QString root;
+
+void seed(const char* target, const QByteArray& name, const QByteArray& octets) {
+    const QString directory = root + '/' + target;
+    QFile file(directory + '/' + name);
+    if (!QDir().mkpath(directory) || !file.open(QIODevice::WriteOnly) || file.write(octets) != octets.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+}
+
+QByteArray hex(const char* digits, const QByteArray& more = QByteArray()) {
+    return QByteArray::fromHex(QByteArray(digits).replace(' ', "")) + more;
+}
+
+/// All octets of a literal, NULs too, but for its closing one.
+template <size_t size>
+QByteArray raw(const char (&octets)[size]) {
+    return QByteArray(octets, size - 1);
+}
+
+const char* const presentations[] = {
+    ("<smil><head><layout><root-layout height=\"160\" width=\"120\"/>"
+     "<region id=\"Image\" height=\"50%\" width=\"100%\" left=\"0\" top=\"0\" fit=\"meet\"/>"
+     "<region id=\"Text\" height=\"50%\" width=\"100%\" left=\"0\" top=\"50%\" "
+     "fit=\"scroll\"/></layout></head>"
+     "<body><par dur=\"8s\"><img src=\"a.jpg\" region=\"Image\"/><text src=\"t.txt\" region=\"Text\">"
+     "<param name=\"fgcolor\" value=\"#ff0000\" valuetype=\"ref\" type=\"x\"/></text></par>"
+     "<par dur=\"0:05.0\"><audio src=\"s.amr\" begin=\"1s\" end=\"id(a)(2s)\"/></par></body></smil>"),
+    ("<?xml version=\"1.0\"?><smil><head><meta name=\"title\" content=\"x\"/><layout>"
+     "<root-layout width=\"320px\" height=\"240px\" background-color=\"#abc\"/><region id=\"r1\" top=\"5\"/>"
+     "<region id=\"r2\" left=\"20\"/><region id=\"imgs\" left=\"1e3\"/></layout><meta/></head><body>"
+     "<seq dur=\"indefinite\"><video src=\"v.3gp\"/><seq><par dur=\"2min\"><ref src=\"cid:cid1\"/>"
+     "<par><img src=\"b.gif\" alt=\"&lt;b&gt;\"/></par></par></seq></seq><text src=\"none\"/></body></smil>"),
+    ("<!DOCTYPE smil [<!ENTITY e \"<img src='a.jpg'/>\"><!ATTLIST par dur CDATA \"3s\">]>"
+     "<smil><body><par>&e;&e;</par><!-- c --><![CDATA[x]]></body></smil>"),
+};
+
+std::unique_ptr<MMS_COMP_SMILMultipart> sampleBody(const char* smil) {
+    auto body = std::make_unique<MMS_COMP_SMILMultipart>();
+    const struct {
+        const char* type;
+        const char* location;
+        const char* id;
+        QByteArray data;
+    } rows[] = {
+        {"application/smil", "slides.smil", "<s>", smil},
+        {"image/jpeg", "a.jpg", "<pic>", hex("FF D8 FF E0 00 10")},
+        {"text/plain", "t.txt", "", "Greetings"},
+        {"audio/amr", "s.amr", "sound", "#!AMR"},
+        {"application/x-unknown", "", "", "?"},
+    };
+    for (const auto& row : rows) {
+        auto* part = new MMS_COMP_SMILMultipartBodypart;
+        part->setContentType(MMS_COMP_SMILMultipartBodypart::getTypePartFromFormat(row.type));
+        part->setContentSubType(MMS_COMP_SMILMultipartBodypart::getSubTypePartFromFormat(row.type));
+        part->setContentLocation(row.location);
+        part->setContentID(row.id);
+        part->setBodyData(row.data);
+        body->appendBodypart(part);
+    }
+    body->setStart("<s>");
+    return body;
+}
+
+void seedMessages() {
+    for (int type = MESSAGE_SEND_REQ; type <= MESSAGE_DELIVERY_IND; ++type) {
+        const auto body = sampleBody(presentations[type % 3]);
+        MMS_UA_UAMsg header;
+        header.messageType = static_cast<unsigned char>(type);
+        header.markPresent(FIELD_MESSAGE_TYPE);
+        header.setTransactionId("t1");
+        header.version = 0x10;
+        header.markPresent(FIELD_MMS_VERSION);
+        MMS_UTIL_Entry phone("", MMS_UTIL_Entry::PLMN, "+15550100");
+        MMS_UTIL_Entry mail("", MMS_UTIL_Entry::EMAIL, "a@example.org");
+        header.setFrom(type % 2 ? phone : mail);
+        header.addToRecipient(phone);
+        header.addToRecipient(mail);
+        header.addCcRecipient(mail);
+        header.addBccRecipient(phone);
+        header.setSubject("Holidays");
+        header.setSendTime(QDateTime::currentDateTime());
+        header.setDeliveryTime(QDateTime::currentDateTime());
+        header.setExpireTime(86400);
+        header.setMsgID("m1");
+        header.setMsgURI("http://example.org/m1");
+        header.setResponseText("fine");
+        header.setReportAllowed(true);
+        header.setPriority(130);
+        header.setMsgSize(4711);
+        for (FIELD_CODE code : {FIELD_MESSAGE_SIZE, FIELD_STATUS, FIELD_RESPONSE_STATUS, FIELD_MESSAGE_CLASS})
+            header.markPresent(code);
+        const QByteArray octets = MMS_COMP_SMILMultipartParser::assembleBody(body.get(), &header);
+        unsigned char* head = nullptr;
+        int length = 0;
+        MMS_UA_Encoder().encodeHeader(&header, &head, &length);
+        const std::unique_ptr<unsigned char[]> freed(head);
+        const QByteArray encoded(reinterpret_cast<const char*>(head), length);
+        const QByteArray name = "kind" + QByteArray::number(type);
+        seed("header", name, encoded);
+        seed("body", name, octets);
+        seed("message", name, encoded + octets);
+    }
+}
+
+void seedByHand() {
+    const QByteArray start = hex("8C 84 98 74 31 00 8D 90");
+    const struct {
+        const char* name;
+        QByteArray octets;
+    } headers[] = {
+        {"insert-address", start + hex("89 01 81 86 80 94 80 B1 80")},
+        {"unknown", start + raw("X-Unknown\0value\0") + hex("8A 80")},
+        {"distribution", start + raw("X-Mms-Distribution-Allowed\0") + hex("80")},
+        {"charsets", start + hex("96 07 EA 7F C3 A4 00 00 00 93 05 01 EA 61 62 00 96 05 04 61 62 63 00")},
+        {"times",
+         start + hex("88 05 81 03 01 51 80 87 06 80 04 FF FF FF FF 85 04 7F FF FF FF 8E 04 80 0 0 0 0")},
+        {"application", start + hex("84 1F 40 B3 89", raw("a/b\0\x8A\"<s>\0")) +
+                            raw("Application-ID\0x\0\x7FReply-To-Application-ID\0y\0z")},
+        {"stray", start + hex("84 05 C2 B3 C2 8A 61 00")},
+        {"from", start + hex("89 0E 80", raw("Me <a@b>\0/TYPE="))},
+    };
+    for (const auto& row : headers) {
+        seed("header", row.name, row.octets);
+        seed("message", row.name, row.octets);
+    }
+    const struct {
+        const char* name;
+        QByteArray octets;
+    } bodies[] = {
+        {"nested", hex("01 01 09 C8 02 01 01 83 61 01 02 83 62 63")},
+        {"deep", hex("01 01 0F C8 01 01 0C C8 01 01 09 C8 01 01 06 C8 01 01 03 C8 01 00 83")},
+        {"utf16", hex("01 06 06 05 83 81 02 03 F7 41 00 42 00 00 00")},
+        {"charset",
+         hex("03 05 03 04 83 81 02 08 CA 80 41 42 05 03 04 83 81 02 03 F4 2B 41 2D 04 02 03 83 81 A7 1B 24")},
+        {"boundary", hex("01 10 03 0F C8", raw("x-boundary\0b1\0abc"))},
+        {"prompt", hex("01 16 01 9E", raw("\x8Ex\0X-Mms-UserPrompt\0\x80!"))},
+        {"names",
+         hex("02 0D 01", raw("\x08\x9E\x85../a\0\xC0\"id\0x")) + hex("0C 01", raw("image/png\0zz\0y"))},
+    };
+    for (const auto& row : bodies) {
+        seed("body", row.name, row.octets);
+        seed("message", row.name, start + hex("84 A3") + row.octets);
+    }
+    int i = 0;
+    for (const char* smil : presentations) {
+        const QByteArray number = QByteArray::number(i++);
+        seed("smil", "plain" + number, QByteArray(1, '\0') + smil);
+        seed("smil", "edited" + number,
+             hex("12 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
+    }
+}
+
+template <typename Model>
+QByteArray record(const Model& model) {
+    QByteArray octets;
+    QDataStream stream(&octets, QIODevice::WriteOnly);
+    model.writeToStream(stream);
+    return octets;
+}
+
+void seedRecords() {
+    const auto body = sampleBody(presentations[0]);
+    MMS_COMP_SMILMultipartBodypart part(*body->getBodypartByIndex(1, false));
+    part.setSubBody(new MMS_COMP_SMILMultipartBodypart(*body->getBodypartByIndex(2, false)), 0);
+    part.setSubBody(new MMS_COMP_SMILMultipartBodypart(part), 1);
+    seed("records", "part", QByteArray(1, 0) + record(part));
+
+    MMS_COMP_SMILData data(body.get());
+    QArray<char> smil = QByteArray(presentations[0]);
+    MMS_COMP_SMILParser().parse(smil, body.get(), &data);
+    const QByteArray object = record(*data.getMediaObject(0, 1));
+    seed("records", "object", QByteArray(1, 1) + object);
+    seed("records", "slide", QByteArray(1, 2) + record(*data.getSlide(0)));
+    for (char hands = 0; hands < 8; ++hands)
+        seed("records", "hands" + QByteArray::number(hands), QByteArray(1, 3) + object + object + object);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 2)
+        return 2;
+    root = QString::fromLocal8Bit(argv[1]);
+    seedMessages();
+    seedByHand();
+    seedRecords();
+    QFile sample(QStringLiteral(SAMPLE_MESSAGE));
+    if (sample.open(QIODevice::ReadOnly))
+        seed("message", "sample", sample.readAll());
+    return 0;
+}
