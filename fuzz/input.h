@@ -11,6 +11,8 @@
 #include <cstdlib>
 #include <cstring>
 #include <memory>
+#include <sys/mman.h>
+#include <unistd.h>
 
 // What the fuzz targets share.
 
@@ -58,6 +60,21 @@ inline void require(bool holds, const char* property) {
     std::fprintf(stderr, "broken: %s\n", property);
     std::abort();
 }
+
+/// A file in memory that holds one input after the other.
+class InputFile {
+public:
+    InputFile() : fd_(::memfd_create("input", MFD_CLOEXEC)) {}
+
+    QString path() const { return QStringLiteral("/proc/self/fd/%1").arg(fd_); }
+    void fill(const uint8_t* data, size_t size) {
+        require(::ftruncate(fd_, 0) == 0 && ::pwrite(fd_, data, size, 0) == ssize_t(size),
+                "a file in memory");
+    }
+
+private:
+    int fd_;
+};
 
 /// Whether a text comes back as it was through every codec: printable ASCII, and not begun by a quote
 /// of the wire or by what the readers take for one.

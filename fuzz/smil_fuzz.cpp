@@ -189,6 +189,14 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const ExactInput input(data + begin, size - begin);
     QArray<char> smil = input.array();
 
+    if (edits % 2) { // a file may begin with declarations, and be in any encoding
+        static InputFile file;
+        file.fill(data + begin, size - begin);
+        MMS_COMP_SMILData shown(nullptr);
+        MMS_COMP_SMILParser().parse(file.path(), nullptr, &shown);
+        look(shown);
+    }
+
     MMS_COMP_SMILMultipart other;
     auto body = std::make_unique<MMS_COMP_SMILMultipart>();
     for (const char* name : names)

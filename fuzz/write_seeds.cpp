@@ -161,6 +161,7 @@ void seedByHand() {
     for (const char* smil : presentations) {
         const QByteArray number = QByteArray::number(i++);
         seed("smil", "plain" + number, QByteArray(1, '\0') + smil);
+        seed("smil", "file" + number, hex("01 00") + smil);
         seed("smil", "edited" + number,
              hex("12 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
     }
