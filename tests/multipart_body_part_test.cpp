@@ -73,17 +73,13 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
 }
 
 TEST(BodyPart, DeletionLeavesListsAndLinksBehind) {
-    MMS_COMP_SMILMultipart one, other;
+    MMS_COMP_SMILMultipart one;
     Part* part = partAt("a");
-    one.appendBodypart(part);
-    one.appendBodypart(part); // again: it only moves to the end
-    EXPECT_EQ(one.getPartCount(), 1);
-    other.insertBodypart(part, 0);
-    EXPECT_EQ(one.getPartCount(), 0);
+    one.insertBodypart(part, 0);
     const BodypartLink link(part), second = link;
     EXPECT_EQ(link.get(), part);
     delete part;
-    EXPECT_EQ(other.getPartCount(), 0);
+    EXPECT_EQ(one.getPartCount(), 0);
     EXPECT_TRUE(!link.get() && !second.get());
 
     one.appendBodypart(partAt("b"));

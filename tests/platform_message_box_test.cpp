@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <tuple>
+
 namespace {
 
 QStringList errors;
@@ -44,6 +46,7 @@ struct Screen {
 };
 
 TEST(MessageBox, logsWithoutAnApplicationThatHasWindows) {
+    errors.clear();
     qInstallMessageHandler(keepErrors);
     EXPECT_EQ(LumMessageBox::information(nullptr, QImage(), "Hello <b>you</b>", "ok"), -1);
     MMS_COMP_Util::noFlashMsgBox();
@@ -64,15 +67,12 @@ TEST(MessageBox, showsTheMemoryNotice) {
 }
 
 TEST(MessageBox, tellsTheButtonPressed) {
-    const struct {
-        int press, buttons, answer;
-        const char* shown;
-    } rows[] = {{1, 3, 1, "Sure?|a|b|c"}, {0, 1, 0, "Sure?|a"}, {9, 3, -1, "Sure?|a|b|c"}};
-    for (const auto& row : rows) {
-        const Screen screen(row.press);
-        EXPECT_EQ(LumMessageBox::information(nullptr, QImage(), "Sure?", "a", "b", "c", row.buttons),
-                  row.answer);
-        EXPECT_EQ(screen.shown.join('|'), row.shown);
+    const std::tuple<int, int, int, const char*> rows[] = {
+        {1, 3, 1, "Sure?|a|b|c"}, {0, 1, 0, "Sure?|a"}, {9, 3, -1, "Sure?|a|b|c"}};
+    for (const auto& [press, buttons, answer, shown] : rows) {
+        const Screen screen(press);
+        EXPECT_EQ(LumMessageBox::information(nullptr, QImage(), "Sure?", "a", "b", "c", buttons), answer);
+        EXPECT_EQ(screen.shown.join('|'), shown);
     }
 }
 

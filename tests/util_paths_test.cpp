@@ -56,12 +56,7 @@ TEST(Util, testsTheCharactersOfNames) {
 TEST(Util, loadsFilesUpToTheLimit) {
     const auto restore = qScopeGuard([] { qunsetenv("LUM_MMS_MAX_SIZE_KB"); });
     const QTemporaryDir dir;
-    const struct {
-        const char *name, *limit;
-        int size;
-        bool checkSize;
-        int status;
-    } rows[] = {
+    const std::tuple<const char*, const char*, int, bool, int> rows[] = {
         {"empty", "1", 0, true, 0},
         {"at the limit", "1", 1024, true, 0},
         {"above the limit", "1", 1025, true, -4},
@@ -70,20 +65,19 @@ TEST(Util, loadsFilesUpToTheLimit) {
         {"missing", "1", -1, true, -1},
         {".", "1", -1, false, -1},
     };
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.name);
-        qputenv("LUM_MMS_MAX_SIZE_KB", row.limit);
-        const QByteArray contents(qMax(row.size, 0), '\xA5');
-        QFile file(dir.filePath(row.name));
-        if (row.size >= 0) {
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == row.size);
+    for (const auto& [name, limit, size, checkSize, status] : rows) {
+        SCOPED_TRACE(name);
+        qputenv("LUM_MMS_MAX_SIZE_KB", limit);
+        const QByteArray contents(qMax(size, 0), '\xA5');
+        QFile file(dir.filePath(name));
+        if (size >= 0) {
+            ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == size);
             file.close();
         }
         QArray<char> data(QByteArray("before"));
         const QArray<char> sharer = data;
-        EXPECT_EQ(MMS_COMP_Util::getQByteArraySrcByFileName(data, file.fileName(), row.checkSize),
-                  row.status);
-        EXPECT_EQ(data, row.status == 0 ? contents : QByteArray("before"));
+        EXPECT_EQ(MMS_COMP_Util::getQByteArraySrcByFileName(data, file.fileName(), checkSize), status);
+        EXPECT_EQ(data, status == 0 ? contents : QByteArray("before"));
         EXPECT_EQ(sharer, QByteArray("before"));
     }
 }
