@@ -33,6 +33,11 @@ bool areSame(const Entries& a, const Entries& b) {
                       [](const auto* one, const auto* other) { return areSame(*one, *other); });
 }
 
+/// Whether the type's octet, 0xC2, is one that the reader passes over in front of a type.
+bool isTakenForStray(const MMS_CONTENT_TYPE_T& type) {
+    return type.subType == QLatin1String("vnd.syncml.dm+wbxml");
+}
+
 /// Whether all texts of the header come back as they were.
 bool isPlainHeader(const MMS_UA_UAMsg& msg) {
     for (const QString& text : {msg.getSubject(), msg.getMsgID(), msg.getMsgURI(), msg.getTransactionId(),
@@ -40,7 +45,8 @@ bool isPlainHeader(const MMS_UA_UAMsg& msg) {
         if (!isPlain(text))
             return false;
     return isPlainAddress(msg.getFrom()) && arePlain(msg.getTo()) && arePlain(msg.getCc()) &&
-           arePlain(msg.getBcc()) && msg.getContentType().type != QLatin1String("*");
+           arePlain(msg.getBcc()) && msg.getContentType().type != QLatin1String("*") &&
+           !isTakenForStray(msg.getContentType());
 }
 
 size_t look(const MMS_UA_UAMsg& msg) {
