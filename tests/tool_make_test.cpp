@@ -72,36 +72,13 @@ QByteArray encoded(Received& message) {
 }
 
 TEST_F(ComposeTest, EverythingAskedForIsThere) {
-    const Outcome made = lummms({"compose",
-                                 "-o",
-                                 path("m.mms"),
-                                 "--from",
-                                 "+1",
-                                 "--to",
-                                 "+2",
-                                 "--to",
-                                 "a@b.c",
-                                 "--cc",
-                                 "3",
-                                 "--bcc",
-                                 "é@x.y",
-                                 "--subject",
-                                 "Grüße <b>",
-                                 "--priority",
-                                 "high",
-                                 "--delivery-report",
-                                 "--read-reply",
-                                 "--expiry",
-                                 "3600",
-                                 "--slide",
-                                 "2.5",
-                                 "text:Hello",
-                                 write("p.png", "png"),
-                                 "--slide",
-                                 "indefinite",
-                                 write("s.amr", "#!AMR"),
-                                 "--attach",
-                                 write("card.vcf", "BEGIN:VCARD")});
+    const QStringList options = QString("--from +1 --to +2 --to a@b.c --cc 3 --bcc é@x.y --priority high "
+                                        "--delivery-report --read-reply --expiry 3600")
+                                    .split(' ');
+    const QStringList slides{"--slide", "2.5",        "text:Hello",           write("p.png", "png"),
+                             "--slide", "indefinite", write("s.amr", "#!AMR")};
+    const Outcome made = lummms(QStringList{"compose", "-o", path("m.mms"), "--subject", "Grüße <b>"} +
+                                options + slides + QStringList{"--attach", write("card.vcf", "BEGIN:VCARD")});
     ASSERT_EQ(made.status, 0) << made.err.constData();
     const QJsonObject json = lummms({"show", "--json", path("m.mms")}).json();
     const QJsonObject header = json["header"].toObject();
