@@ -240,24 +240,19 @@ int MMS_COMP_SMILParser::parseSmilBody(QDomElement* element, MMS_COMP_SMILMultip
     if (isMissing(element) || !data)
         return ERR_MISSING;
     int depth = 0;
-    for (QDomElement child = element->firstChildElement(); !child.isNull();
-         child = child.nextSiblingElement()) {
-        int result = READ;
-        if (isContainer(child))
-            result = readContainer(&child, body, data, depth);
-        else if (isValidBodyElement(&child))
-            result = readMedia(&child, body, data, true, BARE_ELEMENT_DURATION);
-        if (result != READ)
-            return result;
-    }
-    return READ;
+    return readSlides(element, body, data, BARE_ELEMENT_DURATION, depth);
 }
 
 int MMS_COMP_SMILParser::parseSmilSeq(QDomElement* element, MMS_COMP_SMILMultipart* body,
                                       MMS_COMP_SMILData* data, int& depth) {
     if (isMissing(element) || !data)
         return ERR_MISSING;
-    const int duration = parseDur(element->attribute(QStringLiteral("dur")));
+    return readSlides(element, body, data, parseDur(element->attribute(QStringLiteral("dur"))), depth);
+}
+
+/// Reads the children of a `body` or `seq`, where every media element is a slide of its own.
+int MMS_COMP_SMILParser::readSlides(QDomElement* element, MMS_COMP_SMILMultipart* body,
+                                    MMS_COMP_SMILData* data, int duration, int& depth) {
     for (QDomElement child = element->firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
         int result = READ;

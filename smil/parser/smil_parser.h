@@ -112,6 +112,8 @@ public:
 
 private:
     int parseText(const QString& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    int readSlides(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, int duration,
+                   int& depth);
     int readContainer(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data,
                       int& depth);
     int readMedia(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, bool newSlide,
