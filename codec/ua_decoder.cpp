@@ -32,6 +32,8 @@ unsigned char readNamedHeader(LinearBuffer* buffer, const HeaderField** field) {
 unsigned char MMS_UA_Decoder::decodeHeader(unsigned char* data, unsigned int& length, MMS_UA_UAMsg* msg) {
     if (!msg)
         return CODEC_NO_MESSAGE;
+    msg->bodyStart = nullptr; // of a message read before, whose octets may be gone
+    msg->bodyLength = 0;
     LinearBuffer buffer(data, data ? static_cast<int>(std::min<unsigned int>(length, INT_MAX)) : 0);
     bool contentTypeSeen = false;
     int position = 0;

@@ -227,6 +227,10 @@ TEST(Decoder, InputThatEndsInsideAValueKeepsWhatWasRead) {
     EXPECT_EQ(Decoded(octets("98 61 62")).msg.transactionId, "ab"); // a text keeps what there was
     EXPECT_EQ(Decoded(octets("97 61 62")).msg.getTo().count(), 1);
     EXPECT_EQ(Decoded(octets("97")).msg.getTo().count(), 0);
+    Decoded whole(octets("96 61 00"));
+    unsigned int length = 2; // a message that is read into again has no body of the time before
+    EXPECT_EQ(MMS_UA_Decoder().decodeHeader(whole.octets.data(), length, &whole.msg), CODEC_MALFORMED);
+    EXPECT_EQ(whole.msg.bodyStart, nullptr);
 }
 
 TEST(Encoder, ValuesOfFields) {
