@@ -1,5 +1,6 @@
 // Every limit, just at it and just beyond it.
 
+#include "multipart_entry.h"
 #include "octets.h"
 
 #include "codec/codec_result.h"
@@ -20,16 +21,9 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-QByteArray uintvar(qsizetype value) {
-    QByteArray octets(1, static_cast<char>(value & 0x7F));
-    while (value >>= 7)
-        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
-    return octets;
-}
-
 /// A body of one part.
 QByteArray body(const QByteArray& headers, const QByteArray& data) {
-    return '\1' + uintvar(headers.size()) + uintvar(data.size()) + headers + data;
+    return '\1' + entry(headers, data);
 }
 
 unsigned char decode(QByteArray octets, MMS_COMP_SMILMultipart& container) {

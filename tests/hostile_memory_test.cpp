@@ -1,6 +1,7 @@
 // What a body takes while it is read: its payloads half as much again at most, and for every part and
 // for every octet of its headers no more than a few.
 
+#include "multipart_entry.h"
 #include "octets.h"
 
 #include "codec/ua_msg.h"
@@ -71,17 +72,6 @@ namespace {
 using Part = MMS_COMP_SMILMultipartBodypart;
 
 constexpr int size = 300 * 1024;
-
-QByteArray uintvar(qsizetype value) {
-    QByteArray octets(1, static_cast<char>(value & 0x7F));
-    while (value >>= 7)
-        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
-    return octets;
-}
-
-QByteArray entry(const QByteArray& headers, const QByteArray& data) {
-    return uintvar(headers.size()) + uintvar(data.size()) + headers + data;
-}
 
 QByteArray nested(QByteArray data) {
     for (int depth = 0; depth < 16; ++depth)

@@ -4,6 +4,7 @@
 #include "codec/linear_buffer.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_codec.h"
+#include "tests/multipart_entry.h"
 #include "tests/octets.h"
 
 #include <memory>
@@ -13,11 +14,6 @@
 namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
-
-/// An entry with the lengths in front; both must be below 128.
-QByteArray entry(const QByteArray& head, const QByteArray& data = QByteArray()) {
-    return QByteArray(1, static_cast<char>(head.size())) + static_cast<char>(data.size()) + head + data;
-}
 
 /// Reads an entry that ends where its allocation ends, so that a read behind it is noticed, and has
 /// other octets before it, so that its lengths look possible.

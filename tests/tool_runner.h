@@ -1,5 +1,6 @@
 #pragma once
 
+#include "tests/multipart_entry.h"
 #include "tests/octets.h"
 
 #include <QDir>
@@ -55,12 +56,7 @@ inline QByteArray zeroed(const QByteArray& text) {
     return text + '\0';
 }
 
-/// An entry of a multipart body: HeadersLen, DataLen, content type, headers, data. Content type and headers
-/// stay below 128 octets.
+/// An entry whose content type, below 31 octets, is given without its length.
 inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers, const QByteArray& data) {
-    const QByteArray head = char(contentType.size()) + contentType + headers;
-    QByteArray lengths(1, char(head.size()));
-    if (data.size() > 127)
-        lengths += char(0x80 | (data.size() >> 7)); // two octets reach to 16383
-    return lengths + char(data.size() & 0x7F) + head + data;
+    return entry(char(contentType.size()) + contentType + headers, data);
 }
