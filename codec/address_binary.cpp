@@ -16,8 +16,15 @@ QString wireText(const MMS_UTIL_Entry& entry) {
     return entry.getType() == MMS_UTIL_Entry::PLMN ? entry.getAddress() + phoneSuffix : entry.getAddress();
 }
 
+/// Where the text says that it is a phone number, or -1. Most addresses have one "/" at the most, which
+/// is found sooner than the whole suffix.
+qsizetype findPhoneSuffix(const QString& text) {
+    const qsizetype slash = text.indexOf('/');
+    return slash < 0 ? slash : text.indexOf(phoneSuffix, slash);
+}
+
 MMS_UTIL_Entry parseAddress(QString text) {
-    const auto suffix = text.indexOf(phoneSuffix);
+    const auto suffix = findPhoneSuffix(text);
     if (suffix >= 0) {
         text.truncate(suffix);
         return {QString(), MMS_UTIL_Entry::PLMN, text};

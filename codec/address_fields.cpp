@@ -27,7 +27,7 @@ unsigned char FromField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) cons
         return CODEC_READ;
     MMS_UTIL_Entry sender;
     const unsigned char read = AddressBinary::readFrom(buffer, &sender);
-    msg->setFrom(sender);
+    msg->setFrom(std::move(sender));
     return read;
 }
 

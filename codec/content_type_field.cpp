@@ -8,6 +8,8 @@
 #include "platform/utility/ascii.h"
 #include "platform/utility/common.h"
 
+#include <QStringBuilder>
+
 #include <cstring>
 #include <iterator>
 
@@ -106,7 +108,7 @@ public:
         if (!complete_)
             return;
         if (!type_.isEmpty() || !start_.isEmpty())
-            *params = "type=" + type_ + ";start=" + start_;
+            *params = QLatin1StringView("type=") % type_ % QLatin1StringView(";start=") % start_;
         for (size_t i = 0; i < std::size(named_); ++i) {
             if (named_[i].isEmpty())
                 continue;
@@ -246,7 +248,7 @@ int ContentTypeField::sizeOf(const MMS_CONTENT_TYPE_T& contentType) {
 unsigned char ContentTypeField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const {
     MMS_CONTENT_TYPE_T contentType;
     const unsigned char result = readFrom(buffer, &contentType);
-    msg->setContentType(contentType);
+    msg->setContentType(std::move(contentType));
     return result;
 }
 

@@ -17,7 +17,7 @@ public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override {
         QString text;
         const unsigned char result = Codec::readFrom(buffer, &text);
-        (msg->*setter)(text);
+        (msg->*setter)(std::move(text));
         return result;
     }
     /// Writes field code and text.
