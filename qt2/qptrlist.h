@@ -69,6 +69,8 @@ public:
     bool insert(int index, T* item) {
         if (!item || index < 0 || index > count())
             return false;
+        if (items_.isEmpty())
+            items_.reserve(FIRST_ROOM);
         items_.insert(index, item);
         return true;
     }
@@ -105,6 +107,9 @@ public:
     const_iterator end() const { return items_.constEnd(); }
 
 private:
+    // What most messages have of anything, slides, parts and recipients, is allocated at once.
+    static constexpr int FIRST_ROOM = 6;
+
     bool inRange(int index) const { return index >= 0 && index < count(); }
 
     QList<T*> items_;
