@@ -1,6 +1,7 @@
 #include "multipart/body_part.h"
 
 #include "multipart/body_part_link.h"
+#include "multipart/part_reference.h"
 #include "platform/mime/email_util.h"
 #include "util/lowered.h"
 #include "util/record_stream.h"
@@ -33,7 +34,8 @@ MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SM
       contentId_(other.contentId_), contentXferEncoding_(other.contentXferEncoding_),
       extHeader_(other.extHeader_), partFlags_(other.partFlags_), bodyData_(other.bodyData_),
       refCount_(other.refCount_), boundary_(other.boundary_), support_(other.support_),
-      pixmap_(other.pixmap_), pixmapId_(other.pixmapId_) {
+      locationKey_(other.locationKey_), idKey_(other.idKey_), pixmap_(other.pixmap_),
+      pixmapId_(other.pixmapId_) {
     for (const MMS_COMP_SMILMultipartBodypart* part : other.subBodies_)
         subBodies_.append(new MMS_COMP_SMILMultipartBodypart(*part));
 }
@@ -81,11 +83,13 @@ int MMS_COMP_SMILMultipartBodypart::setDescription(const QString& description) {
 
 int MMS_COMP_SMILMultipartBodypart::setContentLocation(const QString& location) {
     contentLocation_ = location;
+    locationKey_ = loweredKey(location);
     return 0;
 }
 
 int MMS_COMP_SMILMultipartBodypart::setContentID(const QString& id) {
     contentId_ = id;
+    idKey_ = loweredKey(bareContentId(QStringView(id).trimmed()));
     return 0;
 }
 
@@ -246,8 +250,8 @@ bool MMS_COMP_SMILMultipartBodypart::readRecord(RecordReader& record, int depth)
     charset_ = record.readText();
     dispFileName_ = record.readText();
     description_ = record.readText();
-    contentLocation_ = record.readText();
-    contentId_ = record.readText();
+    setContentLocation(record.readText());
+    setContentID(record.readText());
     contentXferEncoding_ = record.readText();
     dispFileType_ = record.readInt();
     bodyData_ = record.readBytes();

@@ -188,7 +188,7 @@ public:
 
 private:
     friend class BodypartLink;
-    friend class PartReference; // compares names without copying them
+    friend class PartReference; // compares names by their keys, and without copying them
 
     bool readRecord(RecordReader& record, int depth);
     void writeRecord(RecordWriter& record) const;
@@ -212,6 +212,8 @@ private:
     QString boundary_ = QStringLiteral("");
     BodypartList subBodies_;
     MEDIA_SUPPORT support_ = SUPPORT_UNKNOWN;
+    quint32 locationKey_ = 0; // loweredKey() of location and bare id: most names differ in it
+    quint32 idKey_ = 0;
     std::optional<QPixmap> pixmap_; // a QPixmap aborts a program that has no application object
     int pixmapId_ = -1;
 

@@ -18,11 +18,13 @@ bool isSameContentId(QStringView a, QStringView b) {
     return !id.isEmpty() && equalLowered(id, bareContentId(b.trimmed()));
 }
 
-PartReference::PartReference(QStringView text) : text_(text), id_(bareContentId(text.trimmed())) {
+PartReference::PartReference(QStringView text)
+    : text_(text), id_(bareContentId(text.trimmed())), textKey_(loweredKey(text_)), idKey_(loweredKey(id_)) {
 }
 
 bool PartReference::means(const MMS_COMP_SMILMultipartBodypart& part) const {
+    if (part.locationKey_ == textKey_ && equalLowered(part.contentLocation_, text_))
+        return true;
     const QStringView id = part.contentId_;
-    return equalLowered(part.contentLocation_, text_) ||
-           (!id_.isEmpty() && equalLowered(bareContentId(id.trimmed()), id_));
+    return part.idKey_ == idKey_ && !id_.isEmpty() && equalLowered(bareContentId(id.trimmed()), id_);
 }

@@ -23,4 +23,6 @@ public:
 private:
     QStringView text_;
     QStringView id_;
+    quint32 textKey_;
+    quint32 idKey_;
 };

@@ -22,7 +22,6 @@ public:
         }
     }
 
-private:
     /// The next unit, or -1 behind the last.
     int next() {
         if (second_)
@@ -45,20 +44,41 @@ private:
         return QChar::highSurrogate(character);
     }
 
+private:
     QStringView text_;
     char16_t second_ = 0; // of a letter that takes two units
 };
 
+/// A capital letter of ASCII in lower case; any other unit of ASCII as it is.
+constexpr char16_t loweredAscii(char16_t unit) {
+    return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
+}
+
+/// A number that all texts share which are equal in lower case, and few others. 0 for the empty text.
+inline quint32 loweredKey(QStringView text) {
+    quint32 key = 0;
+    const auto add = [&key](int unit) { key = key * 31 + static_cast<quint32>(unit); };
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i].unicode() >= 0x80) {
+            LoweredUnits rest(text.sliced(i));
+            for (int unit = rest.next(); unit >= 0; unit = rest.next())
+                add(unit);
+            break;
+        }
+        add(loweredAscii(text[i].unicode()));
+    }
+    return key;
+}
+
 /// Whether two texts are equal in lower case, as a.toLower() == b.toLower() has it. Copies nothing.
 inline bool equalLowered(QStringView a, QStringView b) {
-    const auto lowered = [](char16_t c) { return c >= u'A' && c <= u'Z' ? c + (u'a' - u'A') : +c; };
     const qsizetype common = std::min(a.size(), b.size());
     for (qsizetype i = 0; i < common; ++i) {
         const char16_t unitA = a[i].unicode();
         const char16_t unitB = b[i].unicode();
         if ((unitA | unitB) >= 0x80)
             return LoweredUnits(a.sliced(i)).isEqual(LoweredUnits(b.sliced(i)));
-        if (lowered(unitA) != lowered(unitB))
+        if (loweredAscii(unitA) != loweredAscii(unitB))
             return false;
     }
     return a.size() == b.size(); // no letter vanishes in lower case
