@@ -4,6 +4,7 @@
 #include "codec/text_binary.h"
 #include "multipart/body_part.h"
 #include "multipart/entry_codec.h"
+#include "multipart/multipart.h"
 #include "multipart/wsp_codes.h"
 #include "platform/utility/common.h"
 #include "util/lowered.h"
@@ -12,31 +13,28 @@ namespace {
 
 // The room for content type and headers of one part. What does not fit is left out.
 constexpr int headerRoom = 1024;
+constexpr int roomForLengths = 16; // of the three lengths in front, with five octets each at the most
 
-/// Content type and headers of a part as octets, without the lengths in front of them.
+/// The head of an entry as octets: the lengths of headers and data, the length of the content type, the
+/// content type, the headers.
 class EntryHead {
 public:
-    explicit EntryHead(const MMS_COMP_SMILMultipartBodypart& part) : dataLength_(part.getBodyDataLen()) {
+    explicit EntryHead(const MMS_COMP_SMILMultipartBodypart& part) {
         writeContentType(part);
-        typeLength_ = buffer_.getPosition();
+        const int typeLength = buffer_.getPosition();
         writeHeaders(part);
+        const int headersLength = buffer_.getPosition() + ValueLengthBinary::sizeOf(typeLength);
+        const int dataLength = part.getBodyDataLen();
+        lengthsSize_ = UIntBinary::sizeOf(headersLength) + UIntBinary::sizeOf(dataLength) +
+                       ValueLengthBinary::sizeOf(typeLength);
+        LinearBuffer lengths(octets_ + roomForLengths - lengthsSize_, lengthsSize_);
+        UIntBinary::writeTo(&lengths, headersLength);
+        UIntBinary::writeTo(&lengths, dataLength);
+        ValueLengthBinary::writeTo(&lengths, typeLength);
     }
 
-    int headersLength() const { return buffer_.getPosition() + ValueLengthBinary::sizeOf(typeLength_); }
-    int size() const {
-        return UIntBinary::sizeOf(headersLength()) + UIntBinary::sizeOf(dataLength_) + headersLength();
-    }
-
-    /// Writes all size() octets or none.
-    unsigned char writeTo(LinearBuffer* out) const {
-        if (size() > out->restLength())
-            return CODEC_REFUSED;
-        UIntBinary::writeTo(out, headersLength());
-        UIntBinary::writeTo(out, dataLength_);
-        const unsigned char result = ValueLengthBinary::writeTo(out, typeLength_);
-        out->appendData(octets_, buffer_.getPosition());
-        return result;
-    }
+    const unsigned char* octets() const { return octets_ + roomForLengths - lengthsSize_; }
+    int size() const { return lengthsSize_ + buffer_.getPosition(); }
 
 private:
     void writeContentType(const MMS_COMP_SMILMultipartBodypart& part) {
@@ -77,26 +75,50 @@ private:
         PlainTextBinary::writeTo(&buffer_, text);
     }
 
-    unsigned char octets_[headerRoom];
-    LinearBuffer buffer_{octets_, headerRoom};
-    int typeLength_ = 0;
-    const int dataLength_;
+    unsigned char octets_[roomForLengths + headerRoom];
+    LinearBuffer buffer_{octets_ + roomForLengths, headerRoom};
+    int lengthsSize_ = 0; // of the lengths, which stand right before the content type
 };
+
+/// The head, made already, and the part's payload behind it.
+unsigned char writeOctets(LinearBuffer* out, const unsigned char* head, int headLength,
+                          const MMS_COMP_SMILMultipartBodypart& part) {
+    // The length that the head announces counts sub-bodies; what follows is the part's own payload alone.
+    const QArray<char>& data = part.getBodyData();
+    const bool written =
+        out->appendData(head, headLength) && data.size() <= out->restLength() &&
+        out->appendData(reinterpret_cast<const unsigned char*>(data.data()), static_cast<int>(data.size()));
+    return written ? CODEC_WRITTEN : CODEC_REFUSED;
+}
 
 } // namespace
 
 unsigned char writeEntry(LinearBuffer* out, const MMS_COMP_SMILMultipartBodypart& part) {
-    const unsigned char result = EntryHead(part).writeTo(out);
-    if (result != CODEC_WRITTEN)
-        return result;
-    // The length that was announced counts sub-bodies; what follows is the part's own payload alone.
-    const QArray<char>& data = part.getBodyData();
-    if (data.size() > out->restLength())
-        return CODEC_REFUSED;
-    out->appendData(reinterpret_cast<const unsigned char*>(data.data()), static_cast<int>(data.size()));
-    return result;
+    const EntryHead head(part);
+    return writeOctets(out, head.octets(), head.size(), part);
 }
 
-qint64 sizeOfEntry(const MMS_COMP_SMILMultipartBodypart& part) {
-    return EntryHead(part).size() + part.getBodyData().size();
+BodyOutput::BodyOutput(MMS_COMP_SMILMultipart* body) {
+    const int count = body->getPartCount();
+    parts_.reserve(count);
+    for (int i = 0; i < count; ++i) {
+        const MMS_COMP_SMILMultipartBodypart* part = body->getBodypartByIndex(i, false);
+        const EntryHead head(*part);
+        heads_.append(head.octets(), head.size());
+        parts_.append({part, head.size()});
+        size_ += head.size() + part->getBodyData().size();
+    }
+}
+
+unsigned char BodyOutput::writeTo(LinearBuffer* out) const {
+    // One octet, although more than 255 parts may follow: phones read it as an octet.
+    out->appendByte(static_cast<unsigned char>(parts_.size() & 0xFF));
+    const unsigned char* head = heads_.data();
+    for (const Entry& entry : parts_) {
+        const unsigned char result = writeOctets(out, head, entry.headLength, *entry.part);
+        if (result != CODEC_WRITTEN)
+            return result;
+        head += entry.headLength;
+    }
+    return CODEC_WRITTEN;
 }

@@ -36,24 +36,6 @@ qint64 roomForBody(MMS_COMP_SMILMultipart* body) {
     return std::max(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize(0)) * 1024, roomForHeaders + payloads);
 }
 
-unsigned char writeBody(LinearBuffer* out, MMS_COMP_SMILMultipart* body) {
-    // One octet, although more than 255 parts may follow: phones read it as an octet.
-    out->appendByte(static_cast<unsigned char>(body->getPartCount() & 0xFF));
-    for (int i = 0; i < body->getPartCount(); ++i) {
-        const unsigned char result = writeEntry(out, *body->getBodypartByIndex(i, false));
-        if (result != CODEC_WRITTEN)
-            return result;
-    }
-    return CODEC_WRITTEN;
-}
-
-qint64 sizeOfBody(MMS_COMP_SMILMultipart* body) {
-    qint64 size = 1;
-    for (int i = 0; i < body->getPartCount(); ++i)
-        size += sizeOfEntry(*body->getBodypartByIndex(i, false));
-    return size;
-}
-
 unsigned char Multipart_Entry::writeTo(LinearBuffer* out, MMS_COMP_SMILMultipartBodypart& part) {
     return writeEntry(out, part);
 }
@@ -73,7 +55,7 @@ unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipa
         return CODEC_REFUSED;
     *out = octets;
     LinearBuffer buffer(octets, static_cast<int>(room));
-    const unsigned char result = writeBody(&buffer, body);
+    const unsigned char result = BodyOutput(body).writeTo(&buffer);
     if (result != CODEC_WRITTEN)
         return result;
     *outLen = static_cast<unsigned int>(buffer.getPosition());

@@ -30,7 +30,8 @@ QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
 
 /// The container as octets; the null array with a result other than CODEC_WRITTEN.
 QArray<char> encoded(MMS_COMP_SMILMultipart* body, unsigned char* result) {
-    const qint64 size = sizeOfBody(body);
+    const BodyOutput output(body);
+    const qint64 size = output.size();
     *result = CODEC_REFUSED;
     if (size >= roomForBody(body) || size > std::numeric_limits<int>::max())
         return QArray<char>();
@@ -38,7 +39,7 @@ QArray<char> encoded(MMS_COMP_SMILMultipart* body, unsigned char* result) {
     if (octets.isNull())
         return octets;
     LinearBuffer out(reinterpret_cast<unsigned char*>(octets.data()), static_cast<int>(size));
-    *result = writeBody(&out, body);
+    *result = output.writeTo(&out);
     return *result == CODEC_WRITTEN ? octets : QArray<char>();
 }
 
