@@ -7,31 +7,18 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
 #include <cstring>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
-/// An allocation of so many octets, as plain as it can be.
-class Copy {
-public:
-    explicit Copy(qsizetype size) : octets_(static_cast<char*>(std::malloc(static_cast<size_t>(size)))) {}
-    ~Copy() { std::free(octets_); }
-    Copy(const Copy&) = delete;
-    Copy& operator=(const Copy&) = delete;
-
-    char* put(char* at, const QArray<char>& from) {
-        std::memcpy(at, from.data(), static_cast<size_t>(from.size()));
-        benchmark::ClobberMemory();
-        return at + from.size();
-    }
-    char* begin() { return octets_; }
-
-private:
-    char* octets_;
-};
+/// Copies the payload to `at`; the octet behind it there.
+char* put(char* at, const QArray<char>& payload) {
+    std::memcpy(at, payload.data(), static_cast<size_t>(payload.size()));
+    benchmark::ClobberMemory();
+    return at + payload.size();
+}
 
 } // namespace
 
@@ -144,32 +131,32 @@ Presentation makePresentation(int slideCount, int pictureSize) {
     return made;
 }
 
-qsizetype makeStrings(const std::vector<QByteArray>& texts) {
+std::vector<QString> makeStrings(const std::vector<QByteArray>& texts) {
     std::vector<QString> strings;
     strings.reserve(texts.size());
     for (const QByteArray& text : texts)
         strings.push_back(QString::fromLatin1(text));
     benchmark::DoNotOptimize(strings.data());
-    return strings.back().size();
+    return strings;
 }
 
-char copyPayloads(const MMS_COMP_SMILMultipart& body) {
+std::vector<Octets> copyPayloads(const MMS_COMP_SMILMultipart& body) {
     auto& parts = const_cast<MMS_COMP_SMILMultipart&>(body);
-    std::vector<std::unique_ptr<Copy>> copies;
+    std::vector<Octets> copies;
     copies.reserve(static_cast<size_t>(parts.getPartCount()));
     for (int i = 0; i < parts.getPartCount(); ++i) {
-        const QArray<char>& data = parts.getBodypartByIndex(i, false)->getBodyData();
-        copies.push_back(std::make_unique<Copy>(data.size()));
-        copies.back()->put(copies.back()->begin(), data);
+        const QArray<char>& payload = parts.getBodypartByIndex(i, false)->getBodyData();
+        copies.emplace_back(new char[static_cast<size_t>(payload.size())]);
+        put(copies.back().get(), payload);
     }
-    return *copies.back()->begin();
+    return copies;
 }
 
-char gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size) {
+Octets gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size) {
     auto& parts = const_cast<MMS_COMP_SMILMultipart&>(body);
-    Copy copy(size);
-    char* at = copy.begin();
+    Octets copy(new char[static_cast<size_t>(size)]);
+    char* at = copy.get();
     for (int i = 0; i < parts.getPartCount(); ++i)
-        at = copy.put(at, parts.getBodypartByIndex(i, false)->getBodyData());
-    return *copy.begin();
+        at = put(at, parts.getBodypartByIndex(i, false)->getBodyData());
+    return copy;
 }

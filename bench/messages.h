@@ -37,9 +37,12 @@ Presentation makePresentation(int slideCount, int pictureSize);
 /// Octets that look like a compressed picture.
 QArray<char> makePayload(int size);
 
+/// Octets in a plain allocation.
+using Octets = std::unique_ptr<char[]>;
+
 /// Yardstick: the texts as QStrings.
-qsizetype makeStrings(const std::vector<QByteArray>& texts);
+std::vector<QString> makeStrings(const std::vector<QByteArray>& texts);
 /// Yardstick: each payload of the body copied into an allocation of its own.
-char copyPayloads(const MMS_COMP_SMILMultipart& body);
+std::vector<Octets> copyPayloads(const MMS_COMP_SMILMultipart& body);
 /// Yardstick: all payloads copied into one allocation of that size.
-char gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size);
+Octets gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size);
