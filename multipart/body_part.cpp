@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <memory>
 #include <new>
 
 namespace {
@@ -16,14 +17,6 @@ namespace {
 constexpr int deepestRecord = 16;
 
 } // namespace
-
-BodypartLink::BodypartLink(MMS_COMP_SMILMultipartBodypart* part) {
-    if (!part)
-        return;
-    if (!part->anchor_)
-        part->anchor_ = std::make_shared<MMS_COMP_SMILMultipartBodypart*>(part);
-    anchor_ = part->anchor_;
-}
 
 MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart() = default;
 
@@ -42,8 +35,8 @@ MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SM
 
 MMS_COMP_SMILMultipartBodypart::~MMS_COMP_SMILMultipartBodypart() {
     setOwner(nullptr);
-    if (anchor_)
-        *anchor_ = nullptr;
+    while (links_)
+        links_->pointAt(nullptr);
 }
 
 void MMS_COMP_SMILMultipartBodypart::setOwner(BodypartOwner* owner) {

@@ -8,7 +8,6 @@
 #include <QPixmap>
 #include <QString>
 
-#include <memory>
 #include <optional>
 
 class BodypartLink;
@@ -218,5 +217,5 @@ private:
     int pixmapId_ = -1;
 
     BodypartOwner* owner_ = nullptr;
-    std::shared_ptr<MMS_COMP_SMILMultipartBodypart*> anchor_; // made for the first BodypartLink
+    BodypartLink* links_ = nullptr; // the first of the chain of links to this part
 };

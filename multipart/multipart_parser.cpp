@@ -10,10 +10,20 @@
 #include "platform/utility/msg_header_base.h"
 #include "util/mms_comp_util.h"
 
+#include <QStringBuilder>
+
 #include <limits>
 #include <optional>
 
 namespace {
+
+/// Where "name=" begins in a text of parameters, be it the end of a longer name; -1 for nowhere.
+qsizetype findParam(QStringView params, QStringView name) {
+    qsizetype at = params.indexOf(name);
+    while (at >= 0 && !params.sliced(at + name.size()).startsWith(u'='))
+        at = params.indexOf(name, at + 1);
+    return at;
+}
 
 /// The items "name=value" that are not empty, joined by ";".
 QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
@@ -54,29 +64,30 @@ QString MMS_COMP_SMILMultipartParser::parseExtType(const QString& params) {
 }
 
 QString MMS_COMP_SMILMultipartParser::parseParam(const QString& name, const QString& params) {
-    const QString key = name + '=';
-    const qsizetype at = params.indexOf(key);
+    const qsizetype at = findParam(params, name);
     if (at < 0)
         return QStringLiteral("");
-    const qsizetype begin = at + key.size();
+    const qsizetype begin = at + name.size() + 1;
     const qsizetype end = params.indexOf(';', begin);
     return params.mid(begin, end < 0 ? -1 : end - begin);
 }
 
 QString MMS_COMP_SMILMultipartParser::stripParam(const QString& name, const QString& params) {
-    const qsizetype at = params.indexOf(name + '=');
+    const qsizetype at = findParam(params, name);
     if (at < 0)
         return params;
-    QString before = params.left(at);
+    QStringView before = QStringView(params).first(at);
     if (before.endsWith(';'))
         before.chop(1);
     const qsizetype end = params.indexOf(';', at);
-    QString after = end < 0 ? QString() : params.mid(end + 1);
+    QStringView after = end < 0 ? QStringView() : QStringView(params).sliced(end + 1);
     if (after.startsWith(';'))
-        after.remove(0, 1);
+        after = after.sliced(1);
     if (before.isEmpty())
-        return after;
-    return after.isEmpty() ? before : before + ';' + after;
+        return after.toString();
+    if (after.isEmpty())
+        return before.toString();
+    return before % u';' % after;
 }
 
 QString MMS_COMP_SMILMultipartParser::otherParamListStrExceptStartType(const QString& params) {

@@ -19,7 +19,8 @@ bool isSameContentId(QStringView a, QStringView b) {
 }
 
 PartReference::PartReference(QStringView text)
-    : text_(text), id_(bareContentId(text.trimmed())), textKey_(loweredKey(text_)), idKey_(loweredKey(id_)) {
+    : text_(text), id_(bareContentId(text.trimmed())), textKey_(loweredKey(text_)),
+      idKey_(id_.size() == text_.size() ? textKey_ : loweredKey(id_)) {
 }
 
 bool PartReference::means(const MMS_COMP_SMILMultipartBodypart& part) const {

@@ -41,7 +41,7 @@ bool MMS_COMP_SMILMediaObject::setSrc(const QString& src) {
 }
 
 void MMS_COMP_SMILMediaObject::setData(MMS_COMP_SMILMultipartBodypart* part) {
-    data_ = BodypartLink(part);
+    data_.pointAt(part);
 }
 
 int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement* element, MMS_COMP_SMILMultipart* multipart) {
