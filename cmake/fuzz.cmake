@@ -1,17 +1,37 @@
-# One program for each fuzz/*_fuzz.cpp, with the library's code watched by the fuzzer and the sanitizers.
-file(GLOB fuzz_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/*_fuzz.cpp)
-foreach(source ${fuzz_sources})
-    get_filename_component(name ${source} NAME_WE)
-    add_executable(${name} ${source})
+# The fuzz targets, fuzz/*_fuzz.cpp: as TARGET_fuzz with the fuzzer, and as replay_TARGET, which the tests run over
+# stored inputs with any compiler.
+set(LUM_FUZZ_TARGETS header body smil records message)
+
+# lum_fuzz_program(name target source...): a program of one target.
+function(lum_fuzz_program name target)
+    add_executable(${name} fuzz/${target}_fuzz.cpp ${ARGN})
     target_link_libraries(${name} PRIVATE lumsmilparser)
-    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-endforeach()
+    if(target STREQUAL message) # shows what the program shows
+        file(GLOB shown_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/*.cpp)
+        list(FILTER shown_sources EXCLUDE REGEX "/main.cpp$")
+        target_sources(${name} PRIVATE ${shown_sources})
+    endif()
+endfunction()
 
-file(GLOB shown_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/*.cpp)
-list(FILTER shown_sources EXCLUDE REGEX "/main.cpp$")
-target_sources(message_fuzz PRIVATE ${shown_sources})
-
-add_executable(write_seeds ${CMAKE_CURRENT_SOURCE_DIR}/fuzz/write_seeds.cpp)
+add_executable(write_seeds fuzz/write_seeds.cpp)
 target_link_libraries(write_seeds PRIVATE lumsmilparser)
 target_compile_definitions(write_seeds PRIVATE
     SAMPLE_MESSAGE="${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms")
+
+if(LUM_BUILD_FUZZERS)
+    foreach(target ${LUM_FUZZ_TARGETS})
+        lum_fuzz_program(${target}_fuzz ${target})
+        target_link_options(${target}_fuzz PRIVATE -fsanitize=fuzzer)
+    endforeach()
+endif()
+
+if(LUM_BUILD_TESTS)
+    add_test(NAME write_seeds COMMAND write_seeds ${CMAKE_BINARY_DIR}/seeds)
+    set_tests_properties(write_seeds PROPERTIES FIXTURES_SETUP seeds)
+    foreach(target ${LUM_FUZZ_TARGETS})
+        lum_fuzz_program(replay_${target} ${target} fuzz/replay.cpp)
+        add_test(NAME replay_${target} COMMAND replay_${target}
+                 ${CMAKE_CURRENT_SOURCE_DIR}/tests/data/${target} ${CMAKE_BINARY_DIR}/seeds/${target})
+        set_tests_properties(replay_${target} PROPERTIES FIXTURES_REQUIRED seeds ENVIRONMENT TZ=UTC)
+    endforeach()
+endif()
