@@ -1,12 +1,9 @@
 // Body parts: types by name and code, payload, records, files, and who owns whom.
 
-#include "multipart/body_part.h"
 #include "multipart/body_part_link.h"
-#include "multipart/multipart.h"
 #include "platform/utility/common.h"
-#include "tests/octets.h"
+#include "tests/part_fixture.h"
 
-#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -18,24 +15,10 @@
 
 namespace {
 
-using Part = MMS_COMP_SMILMultipartBodypart;
-
 Part* partAt(const QString& location) {
     auto* part = new Part;
     part->setContentLocation(location);
     return part;
-}
-
-QByteArray recordOf(const Part& part) {
-    QByteArray octets;
-    QDataStream stream(&octets, QIODevice::WriteOnly);
-    EXPECT_TRUE(part.writeToStream(stream));
-    return octets;
-}
-
-bool readRecord(Part& part, const QByteArray& octets) {
-    QDataStream stream(octets);
-    return part.readFromStream(stream);
 }
 
 } // namespace
@@ -74,15 +57,14 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
 
 TEST(BodyPart, DeletionLeavesListsAndLinksBehind) {
     MMS_COMP_SMILMultipart one;
-    Part* part = partAt("a");
-    one.insertBodypart(part, 0);
+    Part* part = addPart(one, "a");
     const BodypartLink link(part), second = link;
     EXPECT_EQ(link.get(), part);
     delete part;
     EXPECT_EQ(one.getPartCount(), 0);
     EXPECT_TRUE(!link.get() && !second.get());
 
-    one.appendBodypart(partAt("b"));
+    addPart(one, "b");
     Part* taken = one.getBodypartByIndex(0, true);
     EXPECT_EQ(taken->getOwner(), nullptr);
     const BodypartLink last(taken);
@@ -104,7 +86,7 @@ TEST(BodyPart, NoPartHoldsItself) {
 }
 
 TEST(BodyPartRecord, IsByteExact) {
-    Part part, read;
+    Part part, back;
     part.setContentType("a");
     part.setCharset(QString());
     part.setBodyData("xyz", 3);
@@ -113,25 +95,25 @@ TEST(BodyPartRecord, IsByteExact) {
     const QByteArray record = recordOf(part);
     EXPECT_EQ(record, octets("00000002 0061 00000000 FFFFFFFF") + QByteArray(20, 0) +
                           octets("00000001 00000003 78797A 00000000 00000001 00000000 00000000"));
-    EXPECT_TRUE(readRecord(read, record));
-    EXPECT_EQ(recordOf(read), record);
-    EXPECT_EQ(read.getRefCount(), 1);
+    EXPECT_TRUE(read(back, record));
+    EXPECT_EQ(recordOf(back), record);
+    EXPECT_EQ(back.getRefCount(), 1);
 }
 
 TEST(BodyPartRecord, TreesComeBackAndCutOnesStop) {
-    Part part, read, claimed;
+    Part part, back, claimed;
     part.setSubBody(partAt("one"), -1);
     part.setSubBody(partAt("two"), -1);
     part.getSubBody(1)->setSubBody(partAt("inner"), -1);
     const QByteArray record = recordOf(part);
-    read.setSubBody(partAt("before"), -1);
-    EXPECT_TRUE(readRecord(read, record));
-    EXPECT_EQ(read.getSubBodyCount(), 3);
-    EXPECT_EQ(read.getSubBody(2)->getSubBody(0)->getContentLocation(), "inner");
+    back.setSubBody(partAt("before"), -1);
+    EXPECT_TRUE(read(back, record));
+    EXPECT_EQ(back.getSubBodyCount(), 3);
+    EXPECT_EQ(back.getSubBody(2)->getSubBody(0)->getContentLocation(), "inner");
     for (qsizetype size = 0; size < record.size(); ++size)
-        EXPECT_FALSE(readRecord(*std::make_unique<Part>(), record.left(size))) << size;
+        EXPECT_FALSE(read(*std::make_unique<Part>(), record.left(size))) << size;
     // two thousand million sub-bodies, none of them there
-    EXPECT_FALSE(readRecord(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
+    EXPECT_FALSE(read(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
     EXPECT_EQ(claimed.getSubBodyCount(), 0);
 }
 

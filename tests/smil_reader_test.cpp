@@ -1,4 +1,4 @@
-#include "smil_fixture.h"
+#include "part_fixture.h"
 
 #include "smil/model/presentation.h"
 #include "smil/parser/smil_parser.h"

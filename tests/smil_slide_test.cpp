@@ -1,4 +1,4 @@
-#include "smil_fixture.h"
+#include "part_fixture.h"
 
 #include "smil/model/slide.h"
 

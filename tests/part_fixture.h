@@ -18,6 +18,13 @@ inline Part* addPart(MMS_COMP_SMILMultipart& container, const QString& location,
     return part;
 }
 
+/// Gives a part a type written as "type/sub-type".
+inline void setType(Part& part, const QString& type) {
+    part.setContentType(Part::getTypePartFromFormat(type));
+    part.setContentSubType(Part::getSubTypePartFromFormat(type));
+}
+
+/// What an object is stored as.
 template <class Recorded>
 QByteArray recordOf(const Recorded& object) {
     QByteArray octets;
@@ -26,6 +33,7 @@ QByteArray recordOf(const Recorded& object) {
     return octets;
 }
 
+/// Restores an object from its record.
 template <class Recorded>
 bool read(Recorded& object, const QByteArray& octets) {
     QDataStream stream(octets);
