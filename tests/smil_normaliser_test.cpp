@@ -93,7 +93,6 @@ TEST(Normaliser, RootLayout) {
     Parser::updateToVarnelioRootLayout(&data);
     EXPECT_EQ(data.getRootLayout()->getWidth(), 120);
     EXPECT_EQ(data.getRootLayout()->getHeight(), 160);
-    Parser::updateToVarnelioRootLayout(nullptr);
 }
 
 } // namespace

@@ -71,9 +71,6 @@ TEST_F(Reader, FormsSlides) {
         EXPECT_EQ(parse("<smil><body>" + row.body + "</body></smil>"), 0) << row.body.constData();
         EXPECT_EQ(slides(), row.slides) << row.body.constData();
     }
-    data.clean();
-    EXPECT_EQ(parse("<smil><body>" + nested("par", 11) + "</body></smil>"), -16);
-    EXPECT_EQ(slides(), QString("-1:;").repeated(10));
 }
 
 TEST_F(Reader, ChecksTheFrame) {
@@ -85,7 +82,6 @@ TEST_F(Reader, ChecksTheFrame) {
         {0, {"<smil/>", QByteArray("<smil/>\0", 8)}},
         {-6, {""}},
         {-8, {QByteArray("<smil/>\0\0", 9), QByteArray("\0", 1), "x", "<smil/><smil/>", "<a><smil/></a>"}},
-        {-8, {"<!DOCTYPE a [<!ENTITY a ''><!ENTITY b '&a;'>]><a>&b;</a>"}},
         {-9, {"<smile/>", "<SMIL/>"}},
         {-10, {"<smil><body/><head/></smil>", "<smil><head/><body/><head/></smil>"}},
         {-11, {"<smil><body/><body/></smil>"}},
@@ -172,16 +168,6 @@ TEST_F(Reader, DropsOneDuplicateAndNormalises) {
     EXPECT_EQ(received.getRegion(3)->getId(), "o") << "not normalised after a failure";
 }
 
-TEST_F(Reader, KnowsKindsOfMedia) {
-    const char* words[] = {"audio", "video", "text", "image", "", ""};
-    for (int type = 0; type < 6; ++type) {
-        EXPECT_EQ(Parser::getMimeTypeStr(static_cast<MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE>(type)), words[type]);
-        EXPECT_EQ(Parser::getTypeEnum(words[type]), type < 4 ? type : 5);
-    }
-    for (const char* word : {"img", "ref", "application", "Text"})
-        EXPECT_EQ(Parser::getTypeEnum(word), 5) << word;
-}
-
 TEST_F(Reader, WithstandsHostileTexts) {
     static int printed;
     printed = 0;
@@ -190,18 +176,16 @@ TEST_F(Reader, WithstandsHostileTexts) {
     const auto dtd = [](const QByteArray& declarations, const QByteArray& inner) {
         return "<!DOCTYPE smil [" + declarations + "]><smil>" + inner + "</smil>";
     };
-    const auto many = [](const QByteArray& piece, int times = 200) { return piece.repeated(times); };
-    QByteArray attributes, namespaces;
-    for (int i = 0; i < 100000; ++i) {
-        attributes += " a" + QByteArray::number(i) + "=''";
+    const auto many = [](const QByteArray& piece) { return piece.repeated(200); };
+    QByteArray namespaces;
+    for (int i = 0; i < 100000; ++i)
         namespaces += " xmlns:a" + QByteArray::number(i) + "='x'";
-    }
     const QByteArray deep = nested("a", 200);
     const struct {
         const char* name;
         QByteArray smil;
         int status;
-    } rows[] = {{"the last of 129 levels empty", smil(many("<a>", 127) + "<a/>"), -16},
+    } rows[] = {{"the last of 129 levels empty", smil(QByteArray("<a>").repeated(127) + "<a/>"), -16},
                 {"40,000 levels", smil(nested("par", 40000)), -16},
                 {"quotes and signs in values", smil(many("<a b='/>\"' c=\"/a>'>\"/>")), 0},
                 {"self-closing", smil(many("<a b=\"/\"></a><a/><a b='c'/>")), 0},
@@ -214,11 +198,7 @@ TEST_F(Reader, WithstandsHostileTexts) {
                 {"levels behind a good DTD", dtd("<!ELEMENT a (b|c)><!-- ]>\" -->", deep), -16},
                 {"entity", dtd("<!ENTITY e '<head/>'><!ATTLIST a b CDATA 'c'>", "&e;"), 0},
                 {"entity built from pieces", dtd("<!ENTITY % p \"<!ENTITY e 'x'\">%p;'>", "&e;"), -8},
-                {"100,000 attributes and a comment", "<!-- ' --><smil" + attributes + "/>", -8},
                 {"100,000 namespaces", "<smil" + namespaces + "/>", -8},
-                {"megabyte attribute", "<smil a='" + many("x", 1000000) + "'/>", 0},
-                {"megabyte of starts", many("<smil ", 170000), -8},
-                {"100,000 slides", smil("<body>" + many("<par/>", 100000) + "</body>"), 0},
                 {"invalid UTF-8", smil("\xC3\x28\xFF"), 0}};
     for (const auto& row : rows) {
         data.clean();
