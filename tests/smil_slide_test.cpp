@@ -126,6 +126,9 @@ TEST(Slide, ReleasesTheContentOfWhatItRemoves) {
     fill(slide, "t");
     EXPECT_TRUE(slide.remove(0));
     EXPECT_EQ(container.getPartCount(), 2) << "this one does not release";
+    slide.setDur(1);
+    slide.clear();
+    EXPECT_EQ(slide.getDur(), 5000);
 }
 
 TEST(Slide, MakesANewPartForOneThatWasDeleted) {

@@ -133,15 +133,4 @@ TEST_F(RenderTest, ThePageHoldsEverythingAndNoMarkupOfTheMessage) {
         EXPECT_TRUE(page.contains(piece)) << piece;
 }
 
-TEST_F(RenderTest, WrongUseIsTold) {
-    write("n.mms", octets("8C 82 8D 90"));
-    for (const QStringList& arguments : {QStringList{"-o", path("s.gif")},
-                                         {"-o", path("s.png"), "--scale", "0"},
-                                         {},
-                                         {"-o", path("no/s.png")}}) {
-        EXPECT_EQ(lummms(QStringList{"render", path("n.mms")} + arguments).status, 2);
-    }
-    EXPECT_FALSE(QFileInfo::exists(path("s.png")));
-}
-
 } // namespace

@@ -128,6 +128,7 @@ TEST_F(ShowTest, NothingOfAMessageReachesTheTerminalRaw) {
 }
 
 TEST_F(ShowTest, WrongUseIsToldInOneLine) {
+    const QString file = write("m.mms", message());
     const QStringList rows[] = {
         {},
         {"dance"},
@@ -138,6 +139,11 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
         {"show", path("")},
         {"smil", path("missing")},
         {"smil", write("s.smil", SMIL), "--parts", path("missing")},
+        {"unpack", file, file},
+        {"render", file},
+        {"render", file, "-o", path("s.gif")},
+        {"render", file, "-o", path("s.png"), "--scale", "0"},
+        {"render", file, "-o", path("no/s.png")},
     };
     for (const QStringList& arguments : rows) {
         const Outcome run = lummms(arguments);
@@ -145,6 +151,7 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
         EXPECT_EQ(run.out, QByteArray());
         EXPECT_EQ(run.err.count('\n'), 1) << run.err.constData();
     }
+    EXPECT_FALSE(QFileInfo::exists(path("s.png")));
     for (const QStringList& arguments : {QStringList{"help"}, {"show", "--help"}, {"help", "smil"}}) {
         EXPECT_EQ(lummms(arguments).status, 0);
         EXPECT_TRUE(lummms(arguments).out.contains("Usage:"));

@@ -31,12 +31,14 @@ TEST(Util, takesNamesApart) {
 }
 
 TEST(Util, choosesAnExtension) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {
-        {"TEXT", "Plain", "txt"},    {"text", "x-vCalendar", "vcs"},    {"text", "X-VCARD", "vcf"},
-        {"text", "html", ""},        {"application", "pdf", ""},        {"", "", ""},
-        {"image", "GIF", "gif"},     {"image", "vnd.wap.wbmp", "wbmp"}, {"Audio", "AMR", "amr"},
-        {"audio", "imelody", "imy"}, {"audio", "mpeg", "mp3"},          {"video", "3gpp", "3gp"},
-        {"video", "x-msvideo", ""}};
+    const std::tuple<const char*, const char*, const char*> rows[] = {{"TEXT", "Plain", "txt"},
+                                                                      {"text", "html", ""},
+                                                                      {"application", "pdf", ""},
+                                                                      {"image", "GIF", "gif"},
+                                                                      {"Audio", "imelody", "imy"},
+                                                                      {"video", "3gpp", "3gp"},
+                                                                      {"", "", ""},
+                                                                      {"video", "x-msvideo", ""}};
     for (const auto& [type, subType, extension] : rows)
         EXPECT_EQ(MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type, subType), extension)
             << type << "/" << subType;
