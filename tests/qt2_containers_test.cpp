@@ -98,13 +98,10 @@ TEST(QArray, believesALengthOnlyAsFarAsElementsFollow) {
         EXPECT_EQ(array, elements);
         EXPECT_EQ(in.status(), QDataStream::ReadPastEnd);
     }
-    struct Large {
-        char octets[100000];
-    };
-    QDataStream in(octets("00 00 00 02", QByteArray(150000, 'x')));
-    QArray<Large> large;
-    in >> large;
-    EXPECT_EQ(large.size(), 1);
+    QDataStream in(octets("00 00 00 02 00 00 00 01 00 00"));
+    QArray<int> whole; // half an element is none
+    in >> whole;
+    EXPECT_EQ(whole.size(), 1);
 }
 
 /// Counts its living.
