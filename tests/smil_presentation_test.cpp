@@ -144,11 +144,14 @@ TEST(Presentation, CopiesItselfForAnotherContainer) {
     data.appendRegion(0, 0, 1, 1, "fill", "s")->setId("r2");
     append(data, "img", "a");
     append(data, "img", "b");
+    data.getSlide(1)->setDur(-2);
+    data.getSlide(1)->setTextSize("big");
 
     MMS_COMP_SMILMultipart other(container);
     MMS_COMP_SMILData copy(data, &other);
     EXPECT_EQ(sourcesOf(copy), "a|b");
     EXPECT_EQ(copy.getMediaObject(1, 0)->getData(), other.getBodypartByIndex(1, false));
+    EXPECT_EQ(copy.getSlide(1)->getTextSize() + QString::number(copy.getSlide(1)->getDur()), "big-2");
     EXPECT_EQ(copy.getMeta(0)->getContent(), "c");
     EXPECT_EQ(copy.getRootLayout()->getWidth(), 176);
     EXPECT_EQ(copy.getRootLayout()->getBackgroundColor()->kind, MMS_COMP_COLOR_NONE);

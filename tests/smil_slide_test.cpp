@@ -140,26 +140,6 @@ TEST(Slide, MakesANewPartForOneThatWasDeleted) {
     EXPECT_EQ(container.getPartCount(), 1);
 }
 
-TEST(Slide, CopiesAsFarAsThereIsContent) {
-    MMS_COMP_SMILMultipart container;
-    Slide slide(&container), copy(nullptr);
-    fill(slide, "ti");
-    slide.setDur(-2);
-    slide.setTextSize("big");
-    slide.setSetDurManually(true);
-    slide.getMediaObject(1)->setSrc("elsewhere");
-    EXPECT_FALSE(slide.copyTo(&copy, &container));
-    EXPECT_EQ(kindsOf(copy), "t");
-    EXPECT_FALSE(copy.getSetDurManually());
-    slide.getMediaObject(1)->setSrc("OLD");
-    EXPECT_TRUE(slide.copyTo(&copy, &container));
-    EXPECT_EQ(kindsOf(copy), "tti");
-    EXPECT_EQ(copy.getDur(), -2);
-    EXPECT_EQ(copy.getTextSize(), "big");
-    EXPECT_FALSE(slide.copyTo(&slide, &container));
-    EXPECT_FALSE(slide.copyTo(nullptr, &container));
-}
-
 TEST(Slide, RecordKeepsDurationAndObjects) {
     Slide slide(nullptr), back(nullptr);
     EXPECT_EQ(recordOf(slide), octets("00001388 00000000"));

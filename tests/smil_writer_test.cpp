@@ -145,27 +145,4 @@ TEST(Writer, Params) {
     }
 }
 
-TEST(Writer, WhatIsReadIsWrittenAgain) {
-    MMS_COMP_SMILMultipart body;
-    for (const char* location : {"a.jpg", "b.txt", "c.amr"})
-        addPart(body, location);
-    QArray<char> octets(QByteArray(
-        "<smil><head><meta name='n' content='c'/><layout><root-layout width='176' height='208px'/>"
-        "<region id='Image' width='50%' height='60%' left='0' top='1.5' fit='meet'/>"
-        "<region id='Text' top='70%' fit='scroll'/></layout></head><body><par dur='4s'>"
-        "<img src='a.jpg' region='Image' begin='1s' end='id(b)(end)'><param name='p' value='v' "
-        "valuetype='ref' type='t'/></img><text src='b.txt' alt='x' region='Text' end='id(a)(2s)'/></par>"
-        "<seq dur='indefinite'><audio src='c.amr'/></seq><par><img src='missing.gif'/></par></body></smil>"));
-    MMS_COMP_SMILData first(&body), second(&body);
-    EXPECT_EQ(Parser().parse(octets, &body, &first), 0);
-    const QString smil = written(first);
-    octets = QArray<char>(smil.toUtf8());
-    EXPECT_EQ(Parser().parse(octets, &body, &second), 0);
-    EXPECT_EQ(written(second), smil);
-    EXPECT_TRUE(smil.contains("<img src=\"a.jpg\" region=\"text\" begin=\"1000ms\" end=\"id(b)(end)\" >\n"
-                              "<param name=\"p\" value=\"v\" valuetype=\"ref\" type=\"t\" />\n</img>\n"
-                              "<text src=\"b.txt\" alt=\"x\" region=\"image\" end=\"id(a)(2000ms)\" >\n"))
-        << qPrintable(smil);
-}
-
 } // namespace

@@ -32,10 +32,8 @@ QByteArray written(const Values& values, QDataStream::ByteOrder order) {
 
 TEST(RecordStream, hasTheStoredFormat) {
     const Values values = {-2, QString::fromUtf8("a\xC3\xA9"), "xyz"};
-    EXPECT_EQ(written(values, QDataStream::BigEndian), octets("FFFFFFFE 00000004 0061 00E9 00000003 78797A"));
     EXPECT_EQ(written(values, QDataStream::LittleEndian),
               octets("FEFFFFFF 04000000 6100 E900 03000000 78797A"));
-    EXPECT_EQ(written({0, {}, {}}, QDataStream::BigEndian), octets("00000000 FFFFFFFF 00000000"));
 }
 
 TEST(RecordStream, readsWhatItWrote) {
