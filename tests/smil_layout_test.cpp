@@ -48,10 +48,7 @@ TEST(Layout, TakesRegionMeasuresAsTexts) {
         EXPECT_EQ(text + " = " + QString::number(left), row);
     }
     MMS_COMP_SMILData data(nullptr);
-    const MMS_COMP_SMILRegion& region = *data.appendRegion("0", "1", "100%", "50%", "fill", "a");
-    EXPECT_EQ(region.getTop(), 1.0f);
-    EXPECT_EQ(region.getWidth(), 100.0f);
-    EXPECT_EQ(region.getHeight(), 50.0f);
+    data.appendRegion("0", "1", "100%", "50%", "fill", "a");
     data.appendRegion("0", "0", "1", "2", "", "b");
     EXPECT_EQ(data.getLayoutMeasureUnit(), MMS_COMP_SMIL_UNIT_PERCENT) << "stays per cent";
 }
@@ -73,9 +70,6 @@ TEST(Layout, NeverHoldsARegionTwice) {
     MMS_COMP_SMILRegion* found = image;
     EXPECT_FALSE(layout.isRegionExist(nullptr, &found));
     EXPECT_EQ(found, image);
-    copy.setTop(1);
-    EXPECT_FALSE(layout.isRegionExist(&copy, &found));
-    EXPECT_EQ(found, nullptr);
 }
 
 TEST(Layout, FindsTheFirstEqualRegionWhateverChanged) {
@@ -93,6 +87,7 @@ TEST(Layout, FindsTheFirstEqualRegionWhateverChanged) {
         Region before(*first);
         change(*first);
         EXPECT_FALSE(layout.isRegionExist(&before, &found));
+        EXPECT_EQ(found, nullptr);
         EXPECT_TRUE(layout.isRegionExist(first, &found));
         EXPECT_EQ(found, first);
     }

@@ -3,6 +3,7 @@
 #include "smil/model/slide.h"
 
 #include <climits>
+#include <tuple>
 
 namespace {
 
@@ -88,19 +89,16 @@ TEST(Slide, KnowsWhatItHolds) {
 }
 
 TEST(Slide, IsBlankWithoutAnythingToShow) {
-    const struct {
-        const char* kinds;
-        QByteArray content;
-        bool blank;
-    } rows[] = {{"", "", true},    {"tt", "", true}, {"t", QByteArray("\0x", 2), true},
-                {"t", "x", false}, {"a", "", false}, {"r", "", false},
-                {"ti", "", false}};
-    for (const auto& row : rows) {
+    const std::tuple<const char*, QByteArray, bool> rows[] = {
+        {"", "", true},    {"tt", "", true}, {"t", QByteArray("\0x", 2), true},
+        {"t", "x", false}, {"a", "", false}, {"r", "", false},
+        {"ti", "", false}};
+    for (const auto& [kinds, content, blank] : rows) {
         Slide slide(nullptr);
-        fill(slide, row.kinds);
+        fill(slide, kinds);
         for (MMS_COMP_SMILMediaObject* object : slide)
-            object->getData()->setBodyData(row.content);
-        EXPECT_EQ(slide.isBlank(), row.blank) << row.kinds;
+            object->getData()->setBodyData(content);
+        EXPECT_EQ(slide.isBlank(), blank) << kinds;
     }
 }
 

@@ -3,6 +3,8 @@
 #include "smil/model/presentation.h"
 #include "smil/parser/smil_parser.h"
 
+#include <tuple>
+
 namespace {
 
 using Parser = MMS_COMP_SMILParser;
@@ -28,21 +30,19 @@ TEST(Writer, Frame) {
 }
 
 TEST(Writer, BackgroundLeavesTheWidthOpen) {
-    const struct {
-        const char *color, *written;
-        int reading;
-    } rows[] = {{"#ff0800", " background-color=\"#ff0800", -8},
-                {"navy", " background-color=\"#000080", -8},
-                {"#fff", " background-color=\"#0f0f0f", -8},
-                {"", "", 0},
-                {"Navy", "", 0}};
-    for (const auto& row : rows) {
+    // a colour, what is written, and the status when that is read
+    const std::tuple<const char*, const char*, int> rows[] = {{"#ff0800", " background-color=\"#ff0800", -8},
+                                                              {"navy", " background-color=\"#000080", -8},
+                                                              {"#fff", " background-color=\"#0f0f0f", -8},
+                                                              {"", "", 0},
+                                                              {"Navy", "", 0}};
+    for (const auto& [color, attribute, status] : rows) {
         MMS_COMP_SMILData data(nullptr);
-        data.getRootLayout()->setBackgroundColor(row.color);
-        const QString root = QString("<root-layout height=\"160\" width=\"120") + row.written + "\" />\n";
-        EXPECT_TRUE(written(data).contains(root)) << row.color;
+        data.getRootLayout()->setBackgroundColor(color);
+        const QString root = QString("<root-layout height=\"160\" width=\"120") + attribute + "\" />\n";
+        EXPECT_TRUE(written(data).contains(root)) << color;
         QArray<char> octets(written(data).toUtf8());
-        EXPECT_EQ(Parser().parse(octets, nullptr, &data), row.reading) << row.color;
+        EXPECT_EQ(Parser().parse(octets, nullptr, &data), status) << color;
     }
 }
 
@@ -93,10 +93,7 @@ MMS_COMP_SMILMediaObject* object(int type, const char* src, const char* alt, con
 }
 
 TEST(Writer, MediaObjects) {
-    const struct {
-        MMS_COMP_SMILMediaObject* object;
-        const char* written;
-    } rows[] = {
+    const std::pair<MMS_COMP_SMILMediaObject*, const char*> rows[] = {
         {object(0, "a.amr", "", "r"), "<audio src=\"a.amr\" >\n</audio>\n"},
         {object(1, "a", "b", "r"), "<video src=\"a\" alt=\"b\" >\n</video>\n"},
         {object(2, "", "", " text "), "<text region=\" text \" >\n</text>\n"},
@@ -114,33 +111,31 @@ TEST(Writer, MediaObjects) {
     MMS_COMP_SMILData data(nullptr);
     MMS_COMP_SMILTimingContainer* slide = data.appendSlide();
     QString expected = HEAD + BODY + "<par dur=\"5000ms\">\n";
-    for (const auto& row : rows) {
-        slide->appendObject(row.object);
-        expected += row.written;
+    for (const auto& [made, element] : rows) {
+        slide->appendObject(made);
+        expected += element;
         EXPECT_EQ(written(data), expected + "</par>\n" + TAIL);
     }
 }
 
 TEST(Writer, Params) {
-    const struct {
-        const char *name, *value;
-        int valueType;
-        const char *refValueType, *written;
-    } rows[] = {{"n", "v", 0, "", "<param name=\"n\" value=\"v\" />\n"},
-                {"", "v", 3, "", "<param name=\"\" value=\"v\" />\n"},
-                {"n", "", 0, "", ""},
-                {"n", "", 1, "", "<param valuetype=\"ref\" />\n"},
-                {"n", "", 2, "a/b", "<param valuetype=\"object\" type=\"a/b\" />\n"},
-                {"n", "", 3, "a/b", "<param type=\"a/b\" />\n"},
-                {"n", "v", 1, "a/b", "<param name=\"n\" value=\"v\" valuetype=\"ref\" type=\"a/b\" />\n"}};
+    using Text = const char*;
+    const std::tuple<Text, Text, int, Text, Text> rows[] = {
+        {"n", "v", 0, "", "<param name=\"n\" value=\"v\" />\n"},
+        {"", "v", 3, "", "<param name=\"\" value=\"v\" />\n"},
+        {"n", "", 0, "", ""},
+        {"n", "", 1, "", "<param valuetype=\"ref\" />\n"},
+        {"n", "", 2, "a/b", "<param valuetype=\"object\" type=\"a/b\" />\n"},
+        {"n", "", 3, "a/b", "<param type=\"a/b\" />\n"},
+        {"n", "v", 1, "a/b", "<param name=\"n\" value=\"v\" valuetype=\"ref\" type=\"a/b\" />\n"}};
     MMS_COMP_SMILData data(nullptr);
     MMS_COMP_SMILMediaObject* ref = object(4, "", "", "");
     data.appendSlide()->appendObject(ref);
     QString expected = HEAD + BODY + "<par dur=\"5000ms\">\n<ref >\n";
-    for (const auto& row : rows) {
-        const auto type = static_cast<MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE>(row.valueType);
-        ref->appendParamElem(row.name, row.value, type, row.refValueType);
-        expected += row.written;
+    for (const auto& [name, value, valueType, refValueType, element] : rows) {
+        const auto type = static_cast<MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE>(valueType);
+        ref->appendParamElem(name, value, type, refValueType);
+        expected += element;
         EXPECT_EQ(written(data), expected + "</ref>\n</par>\n" + TAIL);
     }
 }

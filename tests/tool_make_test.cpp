@@ -6,6 +6,7 @@
 #include "smil/parser/smil_parser.h"
 #include "tests/tool_runner.h"
 
+#include <QImage>
 #include <QJsonArray>
 #include <QRandomGenerator>
 #include <QSet>
@@ -91,10 +92,7 @@ TEST_F(ToolTest, EverythingAskedForIsThere) {
 TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
     const QString picture = write("p.png", "png");
     const QString large = write("large.jpg", QByteArray(301 * 1024, 'x'));
-    const struct {
-        QStringList arguments;
-        const char* cause;
-    } rows[] = {
+    const std::pair<QStringList, const char*> rows[] = {
         {{"--slide", "5", "text:a"}, "--to"},
         {{"--to", ""}, "empty"},
         {{"--to", "1", "--priority", "urgent"}, "urgent"},
@@ -109,12 +107,12 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--to", "1", "--attach", large}, "308224 octets are more than the 307200"},
         {{"--to", "1", "stray"}, "stray"},
     };
-    for (const auto& row : rows) {
-        const Outcome outcome = lummms(QStringList{"compose", "-o", path("m.mms")} + row.arguments);
-        EXPECT_EQ(outcome.status, 2) << row.cause;
-        EXPECT_TRUE(outcome.err.contains(row.cause)) << outcome.err.constData();
+    for (const auto& [arguments, cause] : rows) {
+        const Outcome outcome = lummms(QStringList{"compose", "-o", path("m.mms")} + arguments);
+        EXPECT_EQ(outcome.status, 2) << cause;
+        EXPECT_TRUE(outcome.err.contains(cause)) << outcome.err.constData();
         EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.constData();
-        EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << row.cause;
+        EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << cause;
     }
     write("m.mms", "before");
     EXPECT_EQ(
@@ -251,6 +249,41 @@ TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
     EXPECT_EQ(outcome.out.count('\n'), qsizetype(std::size(files)) - 1) << outcome.out.constData();
     EXPECT_FALSE(outcome.out.contains('\x1B'));
     EXPECT_EQ(QDir(path("")).entryList(QDir::Files), QStringList("m.mms")) << "nothing beside the directory";
+}
+
+/// The lines of all literal displays, as the reader of the page types them.
+QByteArray typedLines(const QByteArray& page) {
+    QByteArray typed;
+    bool literal = false;
+    for (QByteArray line : page.split('\n')) {
+        if (line.startsWith(".Bd") || line.startsWith(".Ed"))
+            literal = line.startsWith(".Bd");
+        else if (literal)
+            typed += line.replace("$ ", "").replace("\\e", "\\") + '\n';
+    }
+    return typed;
+}
+
+TEST_F(ToolTest, manualsExamplesWork) {
+    QFile page(MANUAL);
+    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
+    const QByteArray typed = typedLines(page.readAll());
+    for (const char* command : {"compose", "show", "unpack", "smil", "render", "help"})
+        EXPECT_TRUE(typed.contains(QByteArray("lummms ") + command)) << command;
+
+    QImage picture(16, 16, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    ASSERT_TRUE(picture.save(path("sea.jpg")));
+    QProcess shell;
+    shell.setWorkingDirectory(path(""));
+    shell.setEnvironment(QProcess::systemEnvironment()
+                         << "PATH=" + QFileInfo(LUMMMS).path() + ':' + qEnvironmentVariable("PATH"));
+    shell.setProcessChannelMode(QProcess::MergedChannels);
+    shell.start("sh", {"-exc", typed});
+    ASSERT_TRUE(shell.waitForFinished(120'000));
+    EXPECT_EQ(shell.exitCode(), 0) << shell.readAll().constData();
+    EXPECT_EQ(read("parts/sea.jpg"), read("sea.jpg"));
+    EXPECT_FALSE(QImage(path("trip.png")).isNull());
 }
 
 } // namespace

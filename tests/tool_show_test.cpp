@@ -3,6 +3,8 @@
 #include <QCryptographicHash>
 #include <QJsonArray>
 
+#include <tuple>
+
 namespace {
 
 using ShowTest = ToolTest;
@@ -87,28 +89,23 @@ TEST_F(ShowTest, ShowsAMessageToAProgram) {
 }
 
 TEST_F(ShowTest, TellsWhatIsWrongAndShowsTheRest) {
-    struct {
-        const char* name;
-        QByteArray octets;
-        int result, parts;
-        const char* cause;
-    } rows[] = {
+    // what is wrong, the result of the header, the parts that are there, and what is told
+    const std::tuple<const char*, QByteArray, int, int, const char*> rows[] = {
         {"cut in the subject", HEADER.left(HEADER.indexOf("Hi") + 1), 9, -1, "result 9"},
         {"cut in the last part", message().chopped(1), 0, 2, "status -19"},
         {"presentation not well-formed", message().replace("<body>", "<bodi>"), 0, 3, "status -8"},
     };
-    for (const auto& row : rows) {
-        const QString file = write("m.mms", row.octets);
+    for (const auto& [name, octets, result, parts, cause] : rows) {
+        const QString file = write("m.mms", octets);
         const Outcome run = lummms({"show", "--json", file});
-        EXPECT_EQ(run.status, 1) << row.name;
-        EXPECT_TRUE(run.err.contains(file.toUtf8()) && run.err.contains(row.cause)) << run.err.constData();
-        EXPECT_EQ(run.err.count('\n'), 1) << row.name;
-        EXPECT_EQ(run.json()["result"], row.result) << row.name;
-        EXPECT_EQ(run.json()["header"].toObject()["transactionId"], "T1") << row.name;
-        EXPECT_EQ(run.json().contains("bodyOffset"), row.parts >= 0) << row.name;
-        const int parts = int(run.json()["body"].toObject()["parts"].toArray().size());
-        EXPECT_EQ(parts, std::max(row.parts, 0)) << row.name;
-        EXPECT_EQ(lummms({"show", file}).status, 1) << row.name;
+        EXPECT_EQ(run.status, 1) << name;
+        EXPECT_TRUE(run.err.contains(file.toUtf8()) && run.err.contains(cause)) << run.err.constData();
+        EXPECT_EQ(run.err.count('\n'), 1) << name;
+        EXPECT_EQ(run.json()["result"], result) << name;
+        EXPECT_EQ(run.json()["header"].toObject()["transactionId"], "T1") << name;
+        EXPECT_EQ(run.json().contains("bodyOffset"), parts >= 0) << name;
+        EXPECT_EQ(run.json()["body"].toObject()["parts"].toArray().size(), std::max(parts, 0)) << name;
+        EXPECT_EQ(lummms({"show", file}).status, 1) << name;
     }
 }
 

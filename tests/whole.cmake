@@ -9,7 +9,7 @@ target_compile_definitions(examples_test PRIVATE EXAMPLES="$<TARGET_FILE_DIR:rea
                            SOURCES="${CMAKE_CURRENT_SOURCE_DIR}")
 
 if(LUM_BUILD_TOOLS)
-    target_compile_definitions(tool_manual_test PRIVATE MANUAL="${CMAKE_CURRENT_SOURCE_DIR}/docs/lummms.1")
+    target_compile_definitions(tool_make_test PRIVATE MANUAL="${CMAKE_CURRENT_SOURCE_DIR}/docs/lummms.1")
 endif()
 
 set(libraries lummmsutility lummime lumsmilparser)
