@@ -38,10 +38,6 @@ QByteArray encoded(Msg& msg) {
     return QByteArray(reinterpret_cast<const char*>(out), length);
 }
 
-QByteArray text(const char* octetsOfText) {
-    return QByteArray(octetsOfText) + '\0';
-}
-
 /// A retrieved message with every field there is.
 const char everyField[] =
     "8C 84 98 54 31 00 8D 91 8B 49 00 85 04 50 00 00 00 89 07 80 2B 31 2F 78 40 00"
@@ -161,15 +157,15 @@ TEST(Decoder, EveryField) {
 TEST(Decoder, HeadersGivenByName) {
     // The code is first read as an integer: of a name, 'X' (88) takes 88 octets with it. A short count
     // in front lets the name through from its second octet on.
-    const auto named = [](const char* rest) { return octets("01 58", text(rest)); };
+    const auto named = [](const char* rest) { return octets("01 58", zeroed(rest)); };
     const QByteArray indicator = named("-Mms-Distribution-Indicator"), subject = octets("96 61 00");
     const std::tuple<const char*, QByteArray, int, bool, QString> rows[] = {
         {"distribution", indicator + octets("80"), CODEC_READ, true, ""},
         {"older name", named("-Mms-Distribution-Allowed") + octets("80", subject), CODEC_READ, true, "a"},
-        {"passed over", named("-Other") + text("value") + subject, CODEC_READ, false, "a"},
-        {"a count", "X-" + QByteArray(86, 'z') + text("z") + text("v") + subject, CODEC_READ, false, "a"},
+        {"passed over", named("-Other") + zeroed("value") + subject, CODEC_READ, false, "a"},
+        {"a count", "X-" + QByteArray(86, 'z') + zeroed("z") + zeroed("v") + subject, CODEC_READ, false, "a"},
         {"unknown code", octets("BD 01 00 00", subject), CODEC_READ, false, "a"},
-        {"count beyond the end", text("X-Mms-Other") + text("v"), CODEC_MALFORMED, false, ""},
+        {"count beyond the end", zeroed("X-Mms-Other") + zeroed("v"), CODEC_MALFORMED, false, ""},
         {"name without end", octets("01 58 59"), CODEC_MALFORMED, false, ""},
         {"name without value", octets("01 58 59 00"), CODEC_MALFORMED, false, ""},
         {"indicator without value", indicator, CODEC_MALFORMED, false, ""},

@@ -131,8 +131,9 @@ TEST(MultipartReading, Heads) {
 TEST(MultipartReading, Data) {
     const char *text = "83", *utf8 = "03 83 81 EA", *latin1 = "03 83 81 84", *utf16Any = "05 83 81 02 03 F7",
                *utf16be = "05 83 81 02 03 F5", *utf16le = "05 83 81 02 03 F6", *none = "05 83 81 02 7F FF";
-    const std::tuple<const char*, QByteArray, const char*> rows[] = {
+    const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
         {text, QByteArray("ab\0", 3), "ab"},
+        {text, QByteArray(1, 0), QByteArray(1, 0)}, // a NUL alone stays
         {utf8, "\xC3\xA9", "\xC3\xA9"},
         {latin1, "\xE9z", "\xC3\xA9z"},
         {latin1, QByteArray("a\0b", 3), "a"},
@@ -150,9 +151,6 @@ TEST(MultipartReading, Data) {
         EXPECT_EQ(read(entry(octets(head), data), part), CODEC_READ);
         EXPECT_EQ(QByteArray(part.getBodyData()), stored) << head;
     }
-    Part nul;
-    EXPECT_EQ(read(entry(octets(text), QByteArray(1, 0)), nul), CODEC_READ);
-    EXPECT_EQ(nul.getBodyDataLen(), 1); // a NUL alone stays
 }
 
 TEST(MultipartReading, LongTextIsConvertedWhole) {

@@ -17,6 +17,11 @@ inline QByteArray octets(const char* hex, const QByteArray& more) {
     return octets(hex) + more;
 }
 
+/// A text with its closing zero.
+inline QByteArray zeroed(const QByteArray& text) {
+    return text + '\0';
+}
+
 /// How a failed comparison shows Qt's texts.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << (text.isNull() ? "(null)" : qPrintable('"' + text + '"'));

@@ -1,4 +1,3 @@
-#include "platform/mime/am_mime_type.h"
 #include "platform/mime/email_util.h"
 #include "platform/utility/common.h"
 #include "platform/utility/setting.h"
@@ -63,14 +62,6 @@ TEST(EmailCodes, goBothWays) {
     EXPECT_EQ(EMAIL_Util::cteEnumToStr(EMAIL_Util::cteStrToEnum("Base64")), "base64");
     EXPECT_EQ(EMAIL_Util::cteStrToEnum("base65"), -1);
     EXPECT_TRUE(EMAIL_Util::cteEnumToStr(-1).isEmpty());
-}
-
-TEST(MimeRegistry, knowsThePhoneTypes) {
-    const AM_MimeType& registry = *AM_MimeType::instance();
-    for (const QString known : {"IMAGE/Jpeg jpeg", "image/jpg jpg", "audio/amr-wb awb", "text/x-iMelody imy"})
-        EXPECT_TRUE(registry.getExtListByMimeId(known.section(' ', 0, 0)).contains(known.section(' ', 1)));
-    for (const char* unknown : {"", "/", "image/", "no such/type"})
-        EXPECT_TRUE(registry.getExtListByMimeId(unknown).isEmpty()) << unknown;
 }
 
 TEST(Setting, largestMessageSizeAndTemporaryDirectory) {

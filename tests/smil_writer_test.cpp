@@ -17,16 +17,22 @@ QString written(MMS_COMP_SMILData& data) {
     return Parser::convertToSMILLang(&data);
 }
 
-TEST(Writer, Frame) {
+TEST(Writer, FrameAndSlides) {
     EXPECT_EQ(Parser::convertToSMILLang(nullptr), "");
     MMS_COMP_SMILData data(nullptr);
     data.appendMeta("title", "a \"b\" <c> & d");
     data.appendMeta("", "");
     data.setRootLayout(-1, 208);
+    for (const int duration : {0, -1, -2, -3, 2147483647})
+        data.appendSlide()->setDur(duration);
     EXPECT_EQ(written(data), "<smil>\n<head>\n<meta name=\"title\" content=\"a \"b\" <c> & d\" />\n"
                              "<meta name=\"\" content=\"\" />\n<layout> \n"
                              "<root-layout height=\"208\" width=\"-1\" />\n" +
-                                 BODY + TAIL);
+                                 BODY +
+                                 "<par dur=\"0ms\">\n</par>\n<par>\n</par>\n"
+                                 "<par dur=\"indefinite\">\n</par>\n<par>\n</par>\n"
+                                 "<par dur=\"2147483647ms\">\n</par>\n" +
+                                 TAIL);
 }
 
 TEST(Writer, BackgroundLeavesTheWidthOpen) {
@@ -65,19 +71,6 @@ TEST(Writer, Regions) {
         data.appendRegion(row.left, row.top, row.width, row.height, row.fit, row.id);
         EXPECT_EQ(written(data), HEAD + row.written + "\n" + BODY + TAIL);
     }
-}
-
-TEST(Writer, SlideDurations) {
-    MMS_COMP_SMILData data(nullptr);
-    for (const int duration : {0, -1, -2, -3, 2147483647})
-        data.appendSlide()->setDur(duration);
-    EXPECT_EQ(written(data), HEAD + BODY +
-                                 "<par dur=\"0ms\">\n</par>\n"
-                                 "<par>\n</par>\n"
-                                 "<par dur=\"indefinite\">\n</par>\n"
-                                 "<par>\n</par>\n"
-                                 "<par dur=\"2147483647ms\">\n</par>\n" +
-                                 TAIL);
 }
 
 MMS_COMP_SMILMediaObject* object(int type, const char* src, const char* alt, const char* region,

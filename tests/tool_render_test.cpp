@@ -4,6 +4,8 @@
 #include <QColor>
 #include <QImage>
 
+#include <tuple>
+
 namespace {
 
 /// A picture of that size, its left half red and its right half blue.
@@ -55,30 +57,24 @@ const QByteArray LAYOUT =
 const QByteArray END = "</body></smil>";
 
 TEST_F(RenderTest, PicturesFillTheirRegionByItsFit) {
-    const struct {
-        const char* fit;
-        struct {
-            int x, y;
-            QColor color;
-        } points[3];
-    } rows[] = {
-        {"hidden", {{60, 40, Qt::red}, {118, 78, Qt::red}, {60, 82, Qt::green}}},
-        {"scroll", {{60, 40, Qt::red}, {118, 78, Qt::red}, {60, 82, Qt::green}}},
-        {"fill", {{30, 155, Qt::red}, {90, 155, Qt::blue}, {118, 2, Qt::blue}}},
-        {"meet", {{30, 20, Qt::red}, {90, 38, Qt::blue}, {60, 60, Qt::green}}},
-        {"slice", {{30, 155, Qt::red}, {118, 155, Qt::red}, {60, 2, Qt::red}}},
+    using Points = QList<std::tuple<int, int, QColor>>;
+    const QColor red(Qt::red), blue(Qt::blue), lime(0, 255, 0);
+    const std::pair<const char*, Points> rows[] = {
+        {"hidden", {{60, 40, red}, {118, 78, red}, {60, 82, lime}}},
+        {"scroll", {{60, 40, red}, {118, 78, red}, {60, 82, lime}}},
+        {"fill", {{30, 155, red}, {90, 155, blue}, {118, 2, blue}}},
+        {"meet", {{30, 20, red}, {90, 38, blue}, {60, 60, lime}}},
+        {"slice", {{30, 155, red}, {118, 155, red}, {60, 2, red}}},
     };
-    for (const auto& row : rows) {
-        const QByteArray smil = QByteArray(LAYOUT).replace("FIT", row.fit) +
+    for (const auto& [fit, points] : rows) {
+        const QByteArray smil = QByteArray(LAYOUT).replace("FIT", fit) +
                                 "<par dur=\"1s\"><img src=\"wide.png\" region=\"image\"/></par>" + END;
         const Outcome outcome = render(smil, "s.png", {"--scale", "1"});
         ASSERT_EQ(outcome.status, 0) << outcome.err.constData();
         const QImage image(path("s.png"));
         EXPECT_EQ(image.width(), 132);
-        for (const auto& point : row.points)
-            EXPECT_EQ(pixel(image, 0, point.x, 160 + point.y).rgb(),
-                      (point.color == Qt::green ? QColor(0, 255, 0) : point.color).rgb())
-                << row.fit << ' ' << point.x << ',' << point.y;
+        for (const auto& [x, y, color] : points)
+            EXPECT_EQ(pixel(image, 0, x, 160 + y), color) << fit << ' ' << x << ',' << y;
     }
 }
 

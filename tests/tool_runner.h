@@ -51,11 +51,6 @@ private:
     QTemporaryDir dir_;
 };
 
-/// A text with its closing zero.
-inline QByteArray zeroed(const QByteArray& text) {
-    return text + '\0';
-}
-
 /// An entry whose content type, below 31 octets, is given without its length.
 inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers, const QByteArray& data) {
     return entry(char(contentType.size()) + contentType + headers, data);

@@ -31,14 +31,11 @@ TEST(Util, takesNamesApart) {
 }
 
 TEST(Util, choosesAnExtension) {
-    const std::tuple<const char*, const char*, const char*> rows[] = {{"TEXT", "Plain", "txt"},
-                                                                      {"text", "html", ""},
-                                                                      {"application", "pdf", ""},
-                                                                      {"image", "GIF", "gif"},
-                                                                      {"Audio", "imelody", "imy"},
-                                                                      {"video", "3gpp", "3gp"},
-                                                                      {"", "", ""},
-                                                                      {"video", "x-msvideo", ""}};
+    const std::tuple<const char*, const char*, const char*> rows[] = {
+        {"TEXT", "Plain", "txt"},    {"text", "html", ""},       {"application", "pdf", ""},
+        {"image", "GIF", "gif"},     {"image", "no such", ""},   {"IMAGE", "", ""},
+        {"Audio", "imelody", "imy"}, {"audio", "amr-wb", "awb"}, {"video", "3gpp", "3gp"},
+        {"video", "x-msvideo", ""},  {"audio", "mpeg", "mp3"},   {"", "", ""}};
     for (const auto& [type, subType, extension] : rows)
         EXPECT_EQ(MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type, subType), extension)
             << type << "/" << subType;
