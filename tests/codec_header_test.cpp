@@ -295,3 +295,15 @@ TEST(Encoder, OrderOfEachTypeAndBackAgain) {
         EXPECT_EQ(again.msg.getDeliveryTime().isNull(), !(bits & presenceBit(FIELD_DELIVERY_TIME)));
     }
 }
+
+TEST(FieldTable, ReadersAndWriters) {
+    for (int code = -1; code <= 300; ++code) {
+        const std::unique_ptr<FieldBase> reader(MMS_UA_Decoder().selectReader(code));
+        const std::unique_ptr<FieldBase> writer(MMS_UA_Encoder().selectWriter(code));
+        EXPECT_EQ(writer != nullptr, code >= 1 && code <= 24) << code;
+        EXPECT_EQ(reader != nullptr, writer || code == FIELD_DISTRIBUTION_INDICATOR) << code;
+        if (reader && !writer) {
+            EXPECT_EQ(reader->writeField(nullptr, nullptr) + reader->fieldSize(nullptr), CODEC_READ);
+        }
+    }
+}

@@ -261,6 +261,7 @@ TEST(ContentType, Read) {
         {"stray octet without media", octets("19 C2"), "", kept, -1},
         {"negative length", octets("1F 8F FF FF FF 7F B3 89 61 00"), "", kept, -1},
         {"nothing", "", "", kept, -1},
+        {"name without end", octets("1F 87 FF FF FF 7F B3", "xx"), related, kept, -1},
     };
     for (const auto& [name, bytes, media, params, left] : rows) {
         SCOPED_TRACE(name);

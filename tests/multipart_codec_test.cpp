@@ -83,10 +83,11 @@ TEST(MultipartWriting, OnePayloadAndWhatFits) {
 
 TEST(MultipartWriting, Bodies) {
     MMS_COMP_SMILMultipart body;
-    const auto encoded = [&body] {
+    const auto encoded = [&body](int result = CODEC_WRITTEN) {
         unsigned char* out = nullptr;
-        unsigned int length = 7;
-        EXPECT_EQ(MMS_UA_MultiPart_CODEC::encodeMultipart(true, &body, &out, &length), CODEC_WRITTEN);
+        unsigned int length = 0;
+        EXPECT_EQ(MMS_UA_MultiPart_CODEC::encodeMultipart(true, &body, &out, &length), result);
+        EXPECT_EQ(length == 0, result == CODEC_REFUSED);
         const std::unique_ptr<unsigned char[]> owned(out);
         return QByteArray(reinterpret_cast<char*>(out), length);
     };
@@ -94,6 +95,12 @@ TEST(MultipartWriting, Bodies) {
     for (int i = 0; i < 258; ++i)
         body.appendBodypart(new Part);
     EXPECT_EQ(encoded(), octets("02") + octets("03 00 02 2F 00").repeated(258)); // the count's low octet
+
+    qputenv("LUM_MMS_MAX_SIZE_KB", "1"); // heads that do not fit beside the payloads
+    for (int i = 0; i < 258; ++i)
+        body.getBodypartByIndex(i, false)->setContentID(QString(100, 'i'));
+    encoded(CODEC_REFUSED);
+    qunsetenv("LUM_MMS_MAX_SIZE_KB");
 }
 
 TEST(MultipartReading, Heads) {

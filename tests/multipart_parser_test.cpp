@@ -28,6 +28,11 @@ TEST(MultipartParameters, FoundAndStrippedByPlainSearch) {
     }
 }
 
+TEST(MultipartParser, CodecResults) {
+    for (const auto& [code, status] : {std::pair{0, 0}, {1, -19}, {10, 0}, {11, -18}, {16, -18}, {17, -20}})
+        EXPECT_EQ(Parser::handleErr(static_cast<unsigned char>(code)), status) << code;
+}
+
 TEST(MultipartParser, SettlesWhatWasReceived) {
     const QByteArray octetsOfBody =
         octets("03 06 01 9E 8E", QByteArray("img\0a", 5)) + // an image with a location,

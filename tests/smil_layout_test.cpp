@@ -73,6 +73,9 @@ TEST(Layout, NeverHoldsARegionTwice) {
     MMS_COMP_SMILRegion* found = image;
     EXPECT_FALSE(layout.isRegionExist(nullptr, &found));
     EXPECT_EQ(found, image);
+    copy.setTop(1);
+    EXPECT_FALSE(layout.isRegionExist(&copy, &found));
+    EXPECT_EQ(found, nullptr);
 }
 
 TEST(Layout, FindsTheFirstEqualRegionWhateverChanged) {
@@ -185,6 +188,7 @@ TEST(Normaliser, RootLayout) {
     Parser::updateToVarnelioRootLayout(&data);
     EXPECT_EQ(data.getRootLayout()->getWidth(), 120);
     EXPECT_EQ(data.getRootLayout()->getHeight(), 160);
+    Parser::updateToVarnelioRootLayout(nullptr);
 }
 
 } // namespace

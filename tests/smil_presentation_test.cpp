@@ -53,7 +53,8 @@ TEST(Presentation, RefusesWhatItCannotShow) {
     EXPECT_EQ(append(data, "img", "a", true), 3);
     EXPECT_EQ(data.appendElementObject(nullptr, &container, true, 0, nullptr), 1);
     EXPECT_EQ(data.getTotalSlidesNum(), 0);
-    EXPECT_FALSE(data.insertMediaObject(0, 0, nullptr));
+    EXPECT_FALSE(data.insertMediaObject(0, 0, nullptr) || data.deleteMediaObject(0, 0));
+    EXPECT_EQ(data.getMediaObject(0, 0), nullptr);
     EXPECT_EQ(data.getMediaObjectCount(-1), 0);
 }
 
@@ -165,6 +166,8 @@ TEST(Presentation, CopiesItselfForAnotherContainer) {
     EXPECT_EQ(copy.getRegionCount(), 2) << "equal regions are there once";
     EXPECT_FALSE(data.copyTo(&data, &container));
     EXPECT_FALSE(data.copyTo(nullptr, &container));
+    MMS_COMP_SMILTimingContainer& slide = *data.getSlide(0);
+    EXPECT_FALSE(slide.copyTo(&slide, &container) || slide.copyTo(nullptr, &container));
     data.setMultiPart(nullptr);
     EXPECT_EQ(data.getSlide(0)->getMultiPart(), nullptr);
     EXPECT_FALSE(copy.isEmpty());

@@ -125,6 +125,9 @@ TEST_F(Reader, FormsSlides) {
         EXPECT_EQ(parse("<smil><body>" + elements + "</body></smil>"), 0) << elements.constData();
         EXPECT_EQ(slides(), expected) << elements.constData();
     }
+    data.clean();
+    EXPECT_EQ(parse("<smil><body>" + nested("par", 11) + "</body></smil>"), -16);
+    EXPECT_EQ(slides(), QString("-1:;").repeated(10));
 }
 
 TEST_F(Reader, ChecksTheFrame) {
@@ -216,6 +219,14 @@ TEST_F(Reader, DropsOneDuplicateAndNormalises) {
     octets = QArray<char>(smil(1, "<body/><body/>"));
     EXPECT_EQ(parser.parse(octets, &body, &received), -11);
     EXPECT_EQ(received.getRegion(3)->getId(), "o") << "not normalised after a failure";
+}
+
+TEST_F(Reader, KnowsKindsOfMedia) {
+    const char* words[] = {"audio", "video", "text", "image", "", ""};
+    for (int type = 0; type < 6; ++type) {
+        EXPECT_EQ(Parser::getMimeTypeStr(static_cast<MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE>(type)), words[type]);
+        EXPECT_EQ(Parser::getTypeEnum(words[type]), type < 4 ? type : 5);
+    }
 }
 
 TEST_F(Reader, WithstandsHostileTexts) {

@@ -128,9 +128,11 @@ TEST(Slide, ReleasesTheContentOfWhatItRemoves) {
 
 TEST(Slide, MakesANewPartForOneThatWasDeleted) {
     MMS_COMP_SMILMultipart container;
-    Slide slide(&container);
+    Slide slide(&container), text(&container);
     fill(slide, "i");
+    fill(text, "t");
     container.clear();
+    EXPECT_TRUE(text.isBlank() && !slide.isBlank());
     EXPECT_TRUE(slide.updateData("r", "new", typeOf('i'), "x", QByteArray("n"), true, &container));
     EXPECT_EQ(container.getPartCount(), 1);
 }
@@ -149,6 +151,11 @@ TEST(Slide, RecordKeepsDurationAndObjects) {
     EXPECT_EQ(back.getPageColor().kind, MMS_COMP_COLOR_UNREADABLE);
     ASSERT_TRUE(read(back, record));
     EXPECT_EQ(kindsOf(back), "itit") << "what was there stays";
+    for (qsizetype length = 0; length < record.size(); ++length) {
+        Slide cut(nullptr);
+        read(cut, record.left(length));
+        EXPECT_LE(cut.count(), 2) << length;
+    }
     read(back, octets("00000000 7FFFFFFF")); // more objects than anybody could send
     EXPECT_LE(back.count(), 5);
 }

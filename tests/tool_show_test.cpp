@@ -138,6 +138,7 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
         {"render", file, "-o", path("s.gif")},
         {"render", file, "-o", path("s.png"), "--scale", "0"},
         {"render", file, "-o", path("no/s.png")},
+        {"render", write("n.mms", octets("8C 82 8D 90")), "-o", path("s.png")}, // nothing to draw
     };
     for (const QStringList& arguments : rows) {
         const Outcome run = lummms(arguments);
