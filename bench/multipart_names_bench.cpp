@@ -7,7 +7,7 @@ namespace {
 constexpr int mostParts = 255; // that a body can tell of
 
 /// Yardstick: so many names as QStrings.
-qsizetype makeNames() {
+std::vector<QString> makeNames() {
     static const std::vector<QByteArray> names(mostParts, QByteArray("photo_100.jpg"));
     return makeStrings(names);
 }
