@@ -24,6 +24,8 @@ qsizetype digitsEnd(QStringView text, qsizetype from) {
 /// The text without its unit. That the unit stands at the end is taken for granted: "px100" gives
 /// "px1", as on the phones.
 QString withoutUnit(const QString& text) {
+    if (shortNumber(text)) // as most measures are
+        return text;
     QString number = text.trimmed().toLower();
     if (number.contains(QLatin1String("px")))
         number.chop(2);

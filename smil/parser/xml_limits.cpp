@@ -11,6 +11,8 @@ constexpr int ALLOWED = 0;
 constexpr int REFUSED = -8;
 constexpr int TOO_DEEP = -16;
 
+constexpr qsizetype COUNTED_XML = 16384; // longer texts go to the scan without being counted first
+
 /// Whether entities or default attributes may be declared: what is read is then not what is written.
 bool declares(QStringView xml) {
     return xml.contains(QLatin1StringView("<!DOCTYPE")) &&
@@ -34,10 +36,19 @@ bool nestsEntities(QStringView xml) {
 }
 
 /// Whether there is too little markup for breaking a limit, as in almost every presentation: each
-/// element takes a "<", each attribute a "=", each declaration a "!".
+/// element takes a "<", each attribute a "=", each declaration a "!". Long texts are not counted here.
 bool isHarmless(QStringView xml) {
-    const auto count = [xml](QChar c) { return std::count(xml.begin(), xml.end(), c); };
-    return !xml.contains(u'!') && count(u'<') <= MAX_XML_DEPTH && count(u'=') <= MAX_XML_ATTRIBUTES;
+    if (xml.size() > COUNTED_XML)
+        return false;
+    int elements = 0;
+    int attributes = 0;
+    int declarations = 0;
+    for (const QChar c : xml) {
+        elements += c == u'<';
+        attributes += c == u'=';
+        declarations += c == u'!';
+    }
+    return elements <= MAX_XML_DEPTH && attributes <= MAX_XML_ATTRIBUTES && declarations == 0;
 }
 
 /// Whether the XML reader, up to its first error, meets an element that is too deep.
