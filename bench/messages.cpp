@@ -13,8 +13,12 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
+QByteArrayView viewOf(const QArray<char>& octets) {
+    return {octets.data(), octets.size()};
+}
+
 /// Copies the payload to `at`; the octet behind it there.
-char* put(char* at, const QArray<char>& payload) {
+char* put(char* at, QByteArrayView payload) {
     std::memcpy(at, payload.data(), static_cast<size_t>(payload.size()));
     benchmark::ClobberMemory();
     return at + payload.size();
@@ -140,12 +144,22 @@ std::vector<QString> makeStrings(const std::vector<QByteArray>& texts) {
     return strings;
 }
 
-std::vector<Octets> copyPayloads(const MMS_COMP_SMILMultipart& body) {
-    auto& parts = const_cast<MMS_COMP_SMILMultipart&>(body);
+std::vector<QByteArrayView> payloadsIn(const QByteArray& octets, MMS_COMP_SMILMultipart& body) {
+    std::vector<QByteArrayView> payloads;
+    qsizetype at = 0;
+    for (int i = 0; i < body.getPartCount(); ++i) {
+        const QArray<char>& payload = body.getBodypartByIndex(i, false)->getBodyData();
+        at = octets.indexOf(viewOf(payload), at);
+        payloads.emplace_back(octets.constData() + at, payload.size());
+        at += payload.size();
+    }
+    return payloads;
+}
+
+std::vector<Octets> copyPayloads(const std::vector<QByteArrayView>& payloads) {
     std::vector<Octets> copies;
-    copies.reserve(static_cast<size_t>(parts.getPartCount()));
-    for (int i = 0; i < parts.getPartCount(); ++i) {
-        const QArray<char>& payload = parts.getBodypartByIndex(i, false)->getBodyData();
+    copies.reserve(payloads.size());
+    for (const QByteArrayView payload : payloads) {
         copies.emplace_back(new char[static_cast<size_t>(payload.size())]);
         put(copies.back().get(), payload);
     }
@@ -157,6 +171,6 @@ Octets gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size) {
     Octets copy(new char[static_cast<size_t>(size)]);
     char* at = copy.get();
     for (int i = 0; i < parts.getPartCount(); ++i)
-        at = put(at, parts.getBodypartByIndex(i, false)->getBodyData());
+        at = put(at, viewOf(parts.getBodypartByIndex(i, false)->getBodyData()));
     return copy;
 }

@@ -42,7 +42,9 @@ using Octets = std::unique_ptr<char[]>;
 
 /// Yardstick: the texts as QStrings.
 std::vector<QString> makeStrings(const std::vector<QByteArray>& texts);
-/// Yardstick: each payload of the body copied into an allocation of its own.
-std::vector<Octets> copyPayloads(const MMS_COMP_SMILMultipart& body);
+/// Where the payloads of the body stand in the octets that were written for it.
+std::vector<QByteArrayView> payloadsIn(const QByteArray& octets, MMS_COMP_SMILMultipart& body);
+/// Yardstick: each payload copied into an allocation of its own.
+std::vector<Octets> copyPayloads(const std::vector<QByteArrayView>& payloads);
 /// Yardstick: all payloads copied into one allocation of that size.
 Octets gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size);

@@ -5,8 +5,8 @@
 
 namespace {
 
-unsigned char* octetsOf(const QArray<char>& array) {
-    return reinterpret_cast<unsigned char*>(const_cast<char*>(array.data()));
+unsigned char* octetsOf(const QByteArray& array) {
+    return reinterpret_cast<unsigned char*>(const_cast<char*>(array.constData()));
 }
 
 } // namespace
@@ -25,7 +25,7 @@ void addFigures() {
     };
     for (const auto& row : rows) {
         const std::shared_ptr<MMS_COMP_SMILMultipart> body = makeBody(row.count, row.size);
-        const QArray<char> octets = encodedBody(*body);
+        const QByteArray octets = encodedBody(*body);
         const qsizetype size = octets.size();
         const std::string name = row.name;
         const auto gather = [body, size] { return gatherPayloads(*body, size); };
@@ -36,7 +36,7 @@ void addFigures() {
                 return MMS_UA_MultiPart_CODEC::decodeMultipart(true, octetsOf(octets),
                                                                static_cast<unsigned int>(size), &decoded);
             },
-            [body] { return copyPayloads(*body); });
+            [octets, payloads = payloadsIn(octets, *body)] { return copyPayloads(payloads); });
         addPair(
             "body encode/" + name, size,
             [body] {

@@ -102,10 +102,11 @@ private:
 } // namespace
 
 int main(int argc, char** argv) {
-    // Rounds of both sides take turns, so that a busy moment of the machine meets both.
-    std::vector<std::string> arguments = {argv[0], "--benchmark_repetitions=12",
+    // Rounds of both sides take turns, so that a busy moment of the machine meets both; they are short, so
+    // that some fall between two such moments.
+    std::vector<std::string> arguments = {argv[0], "--benchmark_repetitions=100",
                                           "--benchmark_enable_random_interleaving=true",
-                                          "--benchmark_min_time=0.3"};
+                                          "--benchmark_min_time=0.03"};
     arguments.insert(arguments.end(), argv + 1, argv + argc);
     std::vector<char*> pointers;
     for (std::string& argument : arguments)

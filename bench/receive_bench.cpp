@@ -47,9 +47,9 @@ void addFigures() {
         const std::vector<QByteArray> texts = textsOf(*header);
         addPair(
             std::string("receive/") + row.name, octets.size(), [octets] { return receive(octets); },
-            [made, texts] {
+            [octets, made, texts, payloads = payloadsIn(octets, *made->body)] {
                 const auto strings = makeStrings(texts);
-                const auto payloads = copyPayloads(*made->body);
+                const auto copies = copyPayloads(payloads);
                 const QString text = QString::fromUtf8(made->smil.data(), made->smil.size());
                 QDomDocument document;
                 return document.setContent(text);
