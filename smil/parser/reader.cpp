@@ -91,11 +91,15 @@ constexpr QLatin1StringView BODY_ELEMENTS[] = {
     QLatin1StringView("ref"),
 };
 
-bool isPar(const QDomElement& element) {
-    return element.tagName() == BODY_ELEMENTS[0];
+bool isPar(QStringView tag) {
+    return tag == BODY_ELEMENTS[0];
 }
-bool isContainer(const QDomElement& element) {
-    return isPar(element) || element.tagName() == BODY_ELEMENTS[1];
+bool isContainer(QStringView tag) {
+    return isPar(tag) || tag == BODY_ELEMENTS[1];
+}
+bool isBodyElement(QStringView tag) {
+    return std::any_of(std::begin(BODY_ELEMENTS), std::end(BODY_ELEMENTS),
+                       [tag](QLatin1StringView known) { return tag == known; });
 }
 
 } // namespace
@@ -255,10 +259,11 @@ int MMS_COMP_SMILParser::readSlides(QDomElement* element, MMS_COMP_SMILMultipart
                                     MMS_COMP_SMILData* data, int duration, int& depth) {
     for (QDomElement child = element->firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
+        const QString tag = child.tagName();
         int result = READ;
-        if (isContainer(child))
+        if (isContainer(tag))
             result = readContainer(&child, body, data, depth);
-        else if (isValidBodyElement(&child))
+        else if (isBodyElement(tag))
             result = readMedia(&child, body, data, true, duration);
         if (result != READ)
             return result;
@@ -278,11 +283,12 @@ int MMS_COMP_SMILParser::parseSmilPar(QDomElement* element, MMS_COMP_SMILMultipa
     bool newSlide = false;
     for (QDomElement child = element->firstChildElement(); !child.isNull();
          child = child.nextSiblingElement()) {
+        const QString tag = child.tagName();
         int result = READ;
-        if (isContainer(child)) {
+        if (isContainer(tag)) {
             result = readContainer(&child, body, data, depth);
             newSlide = true; // the last slide is now the inner container's
-        } else if (isValidBodyElement(&child)) {
+        } else if (isBodyElement(tag)) {
             result = readMedia(&child, body, data, newSlide, duration);
             newSlide = false; // also when the element's content was missing and it was passed over
         }
@@ -298,8 +304,8 @@ int MMS_COMP_SMILParser::readContainer(QDomElement* element, MMS_COMP_SMILMultip
     if (depth >= MAX_TIMING_DEPTH)
         return ERR_TOO_DEEP;
     ++depth;
-    const int result =
-        isPar(*element) ? parseSmilPar(element, body, data, depth) : parseSmilSeq(element, body, data, depth);
+    const int result = isPar(element->tagName()) ? parseSmilPar(element, body, data, depth)
+                                                 : parseSmilSeq(element, body, data, depth);
     --depth;
     return result;
 }
@@ -328,11 +334,7 @@ int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement* element, MMS_COMP_SM
 }
 
 bool MMS_COMP_SMILParser::isValidBodyElement(QDomElement* element) {
-    if (isMissing(element))
-        return false;
-    const QString tag = element->tagName();
-    return std::any_of(std::begin(BODY_ELEMENTS), std::end(BODY_ELEMENTS),
-                       [&tag](QLatin1StringView known) { return tag == known; });
+    return !isMissing(element) && isBodyElement(element->tagName());
 }
 
 QDomNode MMS_COMP_SMILParser::getNextSibling(QDomNode node) {
