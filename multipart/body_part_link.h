@@ -15,6 +15,7 @@ public:
     BodypartLink(MMS_COMP_SMILMultipartBodypart* part) { pointAt(part); }
     /// Points at the same part.
     BodypartLink(const BodypartLink& other) { pointAt(other.part_); }
+    /// Points at what the other points at.
     BodypartLink& operator=(const BodypartLink& other) {
         pointAt(other.part_);
         return *this;
