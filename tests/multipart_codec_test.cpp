@@ -231,4 +231,3 @@ TEST(MultipartReading, NestedBodies) {
     EXPECT_EQ(part.getBoundary() + QByteArray(part.getBodyData()), "bdata");
     EXPECT_EQ(part.getSubBodyCount(), 0);
 }
-
