@@ -166,11 +166,10 @@ std::vector<Octets> copyPayloads(const std::vector<QByteArrayView>& payloads) {
     return copies;
 }
 
-Octets gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size) {
-    auto& parts = const_cast<MMS_COMP_SMILMultipart&>(body);
+Octets gatherPayloads(MMS_COMP_SMILMultipart& body, qsizetype size) {
     Octets copy(new char[static_cast<size_t>(size)]);
     char* at = copy.get();
-    for (int i = 0; i < parts.getPartCount(); ++i)
-        at = put(at, viewOf(parts.getBodypartByIndex(i, false)->getBodyData()));
+    for (int i = 0; i < body.getPartCount(); ++i)
+        at = put(at, viewOf(body.getBodypartByIndex(i, false)->getBodyData()));
     return copy;
 }

@@ -47,4 +47,4 @@ std::vector<QByteArrayView> payloadsIn(const QByteArray& octets, MMS_COMP_SMILMu
 /// Yardstick: each payload copied into an allocation of its own.
 std::vector<Octets> copyPayloads(const std::vector<QByteArrayView>& payloads);
 /// Yardstick: all payloads copied into one allocation of that size.
-Octets gatherPayloads(const MMS_COMP_SMILMultipart& body, qsizetype size);
+Octets gatherPayloads(MMS_COMP_SMILMultipart& body, qsizetype size);
