@@ -2,6 +2,8 @@
 
 #include "codec/linear_buffer.h"
 
+#include <utility>
+
 namespace {
 
 constexpr unsigned char addressPresent = 128;

@@ -12,6 +12,7 @@
 
 #include <cstring>
 #include <iterator>
+#include <utility>
 
 namespace {
 

@@ -6,6 +6,8 @@
 #include "codec/text_binary.h"
 #include "codec/ua_msg.h"
 
+#include <utility>
+
 // The header fields whose value is a text.
 
 /// A text in the encoding of `Codec`. It is stored also when the input ends inside it; an empty one
