@@ -8,9 +8,9 @@ constexpr int MAX_XML_DEPTH = 128;
 /// Attributes of one tag: comparing their names takes a time that grows with the square of their
 /// number.
 constexpr int MAX_XML_ATTRIBUTES = 1000;
-/// Characters of a text that declares entities or default attributes: each use repeats what was
-/// declared, so a long text of this kind grows a thousandfold when it is read.
-constexpr qsizetype MAX_DECLARING_XML = 4096;
+/// Characters of a text that declares entities or default attributes: each use of an entity repeats its
+/// elements, each element the default attributes, so that what is read grows with the cube of the length.
+constexpr qsizetype MAX_DECLARING_XML = 1024;
 
 /// What keeps a text from being given to the XML reader, found in linear time: -16 for elements
 /// nested too deep, -8 for another of the limits above, 0 for nothing. Whether the text is well-formed

@@ -13,8 +13,7 @@
 
 namespace {
 
-constexpr qsizetype WORDS_SHOWN = 60;   ///< characters of a text's first line
-constexpr qsizetype OCTETS_READ = 400;  ///< octets of a text that are looked at for it
+constexpr qsizetype OCTETS_READ = 400;  ///< octets of a text that are looked at for its first words
 constexpr qsizetype WIDEST_COLUMN = 40; ///< characters to which a column is filled up
 constexpr int COLUMNS = 5;
 
@@ -113,11 +112,7 @@ QString firstWords(const MMS_COMP_SMILMultipartBodypart& part) {
         text.truncate(lineEnd - text.cbegin());
         more = true;
     }
-    if (text.size() > WORDS_SHOWN) {
-        text.truncate(text.at(WORDS_SHOWN - 1).isHighSurrogate() ? WORDS_SHOWN - 1 : WORDS_SHOWN);
-        more = true;
-    }
-    return u'"' + printable(text) + (more ? QStringLiteral(" ...") : QString()) + u'"';
+    return u'"' + printableStart(text, more) + u'"';
 }
 
 QString partsForPerson(Message& message) {

@@ -36,11 +36,12 @@ QString contentOf(const Message& message, const MMS_COMP_SMILMediaObject& object
     const MMS_COMP_SMILMultipartBodypart* part = object.getData();
     if (!part || message.isMissing(part))
         return src + QStringLiteral(" (content missing)");
-    const QString name = part->getContentLocation().isEmpty() ? src : printable(part->getContentLocation());
+    const QString location = part->getContentLocation();
+    const QString name = location.isEmpty() ? src : printableStart(location);
     if (object.getMediaElementType() == MMS_COMP_SMIL_MEDIA_TEXT)
         return QStringLiteral("%1 (%2)").arg(firstWords(*part), name);
-    return QStringLiteral("%1 (%2, %3)")
-        .arg(name, typeOf(*part), counted(part->getBodyData().size(), "octet"));
+    const QString type = printableStart(part->getContentType()) + u'/' + printableStart(part->getSubType());
+    return QStringLiteral("%1 (%2, %3)").arg(name, type, counted(part->getBodyData().size(), "octet"));
 }
 
 QString objectLine(const Message& message, const MMS_COMP_SMILMediaObject& object) {

@@ -82,7 +82,7 @@ ObjectView objectView(const Message& message, const MMS_COMP_SMILMediaObject& ob
     view.kind = kindOf(object.getMediaElementType());
     view.part = message.isMissing(object.getData()) ? nullptr : object.getData();
     const QString location = view.part ? view.part->getContentLocation() : QString();
-    view.name = printable(location.isEmpty() ? object.getSrc() : location);
+    view.name = printableStart(location.isEmpty() ? object.getSrc() : location);
     if (view.kind == VIEW_TEXT && view.part)
         view.words = wordsOf(*view.part);
     const QString id = object.getRegionId().trimmed();

@@ -57,6 +57,14 @@ QString printable(const QString& text) {
     return escaped(QStringView(text).left(length), false);
 }
 
+QString printableStart(const QString& text, bool more) {
+    constexpr qsizetype shown = 60;
+    if (text.size() <= shown)
+        return printable(text) + (more ? QStringLiteral(" ...") : QString());
+    const bool cutsPair = text.at(shown - 1).isHighSurrogate();
+    return printable(text.left(cutsPair ? shown - 1 : shown)) + QStringLiteral(" ...");
+}
+
 QString printableLines(const QString& text) {
     return escaped(text, true);
 }

@@ -11,7 +11,11 @@ bool isUnprintable(QStringView text, qsizetype at);
 /// is unprintable written as \u and four hexadecimal digits.
 QString printable(const QString& text);
 
-/// The same for a document of several lines, whose line ends stay. JSON remains the same JSON by it.
+/// The first 60 characters of such a text, with " ..." behind them when it has more, or when `more` says
+/// so: for what a message may repeat thousands of times, however long it is.
+QString printableStart(const QString& text, bool more = false);
+
+/// The printable form of a document of several lines, whose line ends stay. JSON remains the same JSON by it.
 QString printableLines(const QString& text);
 
 /// Writes to the standard output, in UTF-8.
