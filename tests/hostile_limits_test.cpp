@@ -1,25 +1,12 @@
 // Every limit, just at it and just beyond it.
 
-#include "multipart_entry.h"
-#include "octets.h"
+#include "tests/testing.h"
 
-#include "codec/codec_result.h"
-#include "multipart/multipart.h"
-#include "multipart/multipart_codec.h"
-#include "smil/model/presentation.h"
-#include "smil/parser/smil_parser.h"
 #include "util/lowered.h"
 
-#include <QDataStream>
-#include <QIODevice>
 #include <QTemporaryFile>
 
-#include <iterator>
-#include <limits>
-
 namespace {
-
-using Part = MMS_COMP_SMILMultipartBodypart;
 
 /// A body of one part.
 QByteArray body(const QByteArray& headers, const QByteArray& data) {
@@ -63,11 +50,7 @@ TEST(Limits, RecordsWithinRecords) {
             inner->setSubBody(part, 0);
             inner = part;
         }
-        QByteArray record;
-        QDataStream out(&record, QIODevice::WriteOnly);
-        outer.writeToStream(out);
-        QDataStream in(record);
-        EXPECT_EQ(Part().readFromStream(in), depth == 16) << depth;
+        EXPECT_EQ(read(*std::make_unique<Part>(), recordOf(outer)), depth == 16) << depth;
     }
 }
 
@@ -86,11 +69,7 @@ TEST(Limits, HeadersThatAreSent) {
     constexpr int fits = (1024 - 1) / 2 - 2;
     for (const int length : {fits, fits + 1}) {
         MMS_COMP_SMILMultipart container;
-        auto* part = new Part;
-        part->setContentType("image");
-        part->setContentSubType("jpeg");
-        part->setContentLocation(QString(length, 'n'));
-        container.appendBodypart(part);
+        setType(*addPart(container, QString(length, 'n')), "image/jpeg");
         unsigned char* octets = nullptr;
         unsigned int size = 0;
         EXPECT_EQ(MMS_UA_MultiPart_CODEC::encodeMultipart(false, &container, &octets, &size), CODEC_WRITTEN);
@@ -106,14 +85,6 @@ TEST(Limits, Names) {
     for (const int length : {99, 100}) {
         EXPECT_EQ(container.isPartExist(QString(length, 'n')), length == 100);
         EXPECT_EQ(data.isElemNameExist(QString(length, 'n')), length == 100);
-    }
-    for (const QString& name : {QString(5000, 'n'), "n." + QString(5000, 'x'), QString("x.:")}) {
-        auto* part = new Part;
-        part->setContentLocation(container.createUniqueLocation(name));
-        EXPECT_LT(part->getContentLocation().size(), 100);
-        container.appendBodypart(part);
-        EXPECT_FALSE(container.isPartExist(container.createUniqueLocation(name)));
-        EXPECT_FALSE(data.isElemNameExist(data.createUniqueSrc(name)));
     }
 }
 
@@ -132,12 +103,10 @@ TEST(Limits, PresentationText) {
     } rows[] = {
         {"elements in elements", "<smil>" + elements(127, "a") + "</smil>", 0},
         {"one more", "<smil>" + elements(128, "a") + "</smil>", -16},
-        {"containers in containers", "<smil><body>" + elements(10, "par") + "</body></smil>", 0},
-        {"one more container", "<smil><body>" + elements(11, "seq") + "</body></smil>", -16},
         {"attributes", attributes(1000), 0},
         {"one more attribute", attributes(1001), -8},
-        {"text with declarations", declared + QByteArray(4096 - declared.size(), ' '), 0},
-        {"one more character", declared + QByteArray(4097 - declared.size(), ' '), -8},
+        {"text with declarations", declared + QByteArray(1024 - declared.size(), ' '), 0},
+        {"one more character", declared + QByteArray(1025 - declared.size(), ' '), -8},
         {"declarations of declarations",
          "<!DOCTYPE smil [<!ENTITY a 'x'><!ENTITY b '&a;&a;'>]><smil>&b;</smil>", -8},
         {"a declaration of itself", "<!DOCTYPE smil [<!ENTITY a '&a;'>]><smil>&a;</smil>", -8},
@@ -156,22 +125,19 @@ TEST(Limits, IndicesAreChecked) {
     MMS_COMP_SMILData data(&container);
     data.appendSlide();
     for (const int index : {least, -1, 1, greatest}) {
-        EXPECT_EQ(container.getAttachment(index), nullptr) << index;
-        EXPECT_EQ(container.getBodypartByIndex(index, true), nullptr);
+        const auto number = static_cast<unsigned int>(index);
+        EXPECT_TRUE(!container.getAttachment(index) && !container.getBodypartByIndex(index, true)) << index;
         EXPECT_EQ(container.deletePart(index), MMS_COMP_SMILMultipart::ERR_NO_PART);
-        EXPECT_EQ(container.getBodypartByIndex(0, false)->getSubBody(static_cast<unsigned int>(index)),
-                  nullptr);
-        EXPECT_EQ(data.getSlide(index), nullptr);
-        EXPECT_EQ(data.getMeta(index), nullptr);
-        EXPECT_EQ(data.getMediaObject(0, index), nullptr);
-        EXPECT_EQ(data.getRegion(static_cast<unsigned int>(index)), nullptr);
+        EXPECT_FALSE(container.getBodypartByIndex(0, false)->getSubBody(number) || data.getRegion(number));
+        EXPECT_FALSE(data.getSlide(index) || data.getMeta(index) || data.getMediaObject(0, index));
         EXPECT_FALSE(data.deleteMediaObject(0, index));
     }
 }
 
 // Looking content up compares every name with every reference: it stops at the first difference.
 TEST(Limits, LettersAreComparedAsInLowerCase) {
-    const char32_t letters[] = {U'i', U'I', 0x130, 0x307, 0xC9, 0xE9, 0x212A, U'k', 0x10400, 0x10428, 0};
+    const char32_t letters[] = {U'i',   U'I', 0x130,   0x307,   0xC9, 0xE9, U'[', U'{', // one bit apart
+                                0x212A, U'k', 0x10400, 0x10428, 0};
     constexpr size_t count = std::size(letters);
     const auto text = [&letters](size_t number) {
         QString made;

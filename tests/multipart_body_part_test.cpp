@@ -1,13 +1,10 @@
 // Body parts: types by name and code, payload, records, files, and who owns whom.
 
-#include "platform/utility/common.h"
-#include "tests/part_fixture.h"
+#include "tests/testing.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-
-#include <memory>
 
 #include <sys/stat.h>
 #include <unistd.h>

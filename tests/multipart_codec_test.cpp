@@ -1,14 +1,6 @@
 // The binary multipart: entries written and read octet by octet, nested bodies, malformed ones.
 
-#include "codec/codec_result.h"
-#include "codec/linear_buffer.h"
-#include "multipart/multipart_codec.h"
-#include "tests/multipart_entry.h"
-#include "tests/part_fixture.h"
-
-#include <memory>
-#include <tuple>
-#include <vector>
+#include "tests/testing.h"
 
 namespace {
 

@@ -1,9 +1,6 @@
 // The container: references, unique names, the presentation part and attachments.
 
-#include "tests/part_fixture.h"
-
-#include <memory>
-#include <tuple>
+#include "tests/testing.h"
 
 namespace {
 

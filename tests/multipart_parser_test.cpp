@@ -1,11 +1,7 @@
 // Header and body joined: parameter lists, received bodies settled, bodies assembled. (The made-up
 // messages of tool_make_test are assembled and read again.)
 
-#include "multipart/multipart_parser.h"
-#include "platform/utility/msg_header_base.h"
-#include "tests/part_fixture.h"
-
-#include <tuple>
+#include "tests/testing.h"
 
 namespace {
 

@@ -1,14 +1,9 @@
-#include "platform/ui/icon_reader.h"
-#include "platform/ui/message_box.h"
-#include "tests/octets.h"
-#include "util/mms_comp_util.h"
+#include "tests/testing.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
-
-#include <tuple>
 
 namespace {
 

@@ -1,14 +1,8 @@
-#include "platform/mime/email_util.h"
-#include "platform/utility/common.h"
-#include "platform/utility/setting.h"
-#include "platform/utility/tool.h"
-#include "tests/octets.h"
+#include "tests/testing.h"
 
 #include <QDir>
 #include <QLoggingCategory>
 #include <QScopeGuard>
-
-#include <tuple>
 
 namespace {
 

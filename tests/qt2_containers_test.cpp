@@ -1,13 +1,4 @@
-#include "qt2/qarray.h"
-#include "qt2/qptrlist.h"
-#include "tests/octets.h"
-
-#include <QDataStream>
-#include <QIODevice>
-
-#include <limits>
-#include <memory>
-#include <utility>
+#include "tests/testing.h"
 
 namespace {
 
@@ -47,10 +38,8 @@ TEST(QArray, refusesImpossibleSizes) {
 }
 
 TEST(QArray, tellsNullFromEmptyWhenConverted) {
-    EXPECT_TRUE(QArray<char>().isNull() && QArray<char>(QByteArray()).isNull());
-    EXPECT_FALSE(QArray<char>(QByteArray("")).isNull());
-    EXPECT_TRUE(QByteArray(QArray<char>()).isNull());
-    EXPECT_FALSE(QByteArray(QArray<char>(0)).isNull());
+    EXPECT_TRUE(QArray<char>(QByteArray()).isNull() && QByteArray(QArray<char>()).isNull());
+    EXPECT_FALSE(QArray<char>(QByteArray("")).isNull() || QByteArray(QArray<char>(0)).isNull());
     EXPECT_TRUE(QArray<char>() == QArray<char>(0));
 }
 
@@ -62,10 +51,9 @@ TEST(QArray, showsRawDataUntilItChanges) {
     EXPECT_EQ(sharer.data(), text);
     array.detach();
     array[0] = 'R';
-    EXPECT_EQ(array, QByteArray("Raw"));
     ASSERT_TRUE(sharer.resize(4));
     sharer[0] = 'S';
-    EXPECT_EQ(sharer, QByteArray("Saw\0", 4));
+    EXPECT_TRUE(array == QByteArray("Raw") && sharer == QByteArray("Saw\0", 4));
     EXPECT_EQ(text[0], 'r');
 }
 
@@ -74,17 +62,14 @@ TEST(QArray, survivesAStream) {
     QByteArray record;
     QDataStream out(&record, QIODevice::WriteOnly);
     out << QArray<char>(binary) << QArray<char>() << QArray<char>(0);
-    EXPECT_EQ(record.size(), 4 + binary.size() + 8);
-    EXPECT_EQ(record.right(8), QByteArray(8, 0));
+    EXPECT_TRUE(record.size() == 4 + binary.size() + 8 && record.endsWith(QByteArray(8, 0)));
     QDataStream in(record);
     QArray<char> array(QByteArray("before"));
     const QArray<char> sharer = array;
     in >> array;
-    EXPECT_EQ(array, binary);
-    EXPECT_EQ(sharer, QByteArray("before"));
+    EXPECT_TRUE(array == binary && sharer == QByteArray("before"));
     in >> array;
-    EXPECT_TRUE(array.isEmpty());
-    EXPECT_EQ(in.status(), QDataStream::Ok);
+    EXPECT_TRUE(array.isEmpty() && in.status() == QDataStream::Ok);
 }
 
 TEST(QArray, believesALengthOnlyAsFarAsElementsFollow) {

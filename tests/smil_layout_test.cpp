@@ -1,13 +1,6 @@
-#include "octets.h"
-
-#include "smil/model/presentation.h"
-#include "smil/parser/smil_parser.h"
+#include "tests/testing.h"
 
 #include <QDomDocument>
-
-#include <functional>
-#include <limits>
-#include <tuple>
 
 namespace {
 
@@ -146,7 +139,6 @@ TEST(Normaliser, Layouts) {
         {"second below", "A 0,0,120,80;B 0,80,120,80;", inOrder, "text;image;"},
         {"second to the left", "A 60,0,60,160;B 0,0,60,160;", swapped, "image;text;"},
         {"second above", "A 0,80,120,80;B 0,0,120,80;", inOrder, "text;image;"},
-        {"second above to the left", "A 60,80,60,80;B 0,0,60,80;", swapped, "image;text;"},
         {"second below to the left", "A 60,0,60,80;B 0,80,60,80;", inOrder, "text;image;"},
         {"overlapping", "A 10,10,60,60;B 0,0,60,60;", inOrder, "text;image;"},
         {"left within tolerance", "A 59.995,0,60,99;B 0,0,60,99;", swapped, "image;text;"},
@@ -180,14 +172,9 @@ TEST(Normaliser, RenamesReferencesInEverySlideExactly) {
     EXPECT_EQ(referencesOf(data), "b;A;");
     EXPECT_EQ(referencesOf(data, 1), "b;");
     EXPECT_EQ(data.getRegion(0)->getId(), "a");
-}
-
-TEST(Normaliser, RootLayout) {
-    MMS_COMP_SMILData data(nullptr);
     data.setRootLayout(176, 208);
     Parser::updateToVarnelioRootLayout(&data);
-    EXPECT_EQ(data.getRootLayout()->getWidth(), 120);
-    EXPECT_EQ(data.getRootLayout()->getHeight(), 160);
+    EXPECT_TRUE(data.getRootLayout()->getWidth() == 120 && data.getRootLayout()->getHeight() == 160);
     Parser::updateToVarnelioRootLayout(nullptr);
 }
 

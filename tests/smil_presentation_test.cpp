@@ -1,10 +1,6 @@
-#include "part_fixture.h"
-
-#include "smil/model/presentation.h"
+#include "tests/testing.h"
 
 #include <QDomDocument>
-
-#include <tuple>
 
 namespace {
 
@@ -52,10 +48,8 @@ TEST(Presentation, RefusesWhatItCannotShow) {
     EXPECT_EQ(append(data, "animation", "a"), 1);
     EXPECT_EQ(append(data, "img", "a", true), 3);
     EXPECT_EQ(data.appendElementObject(nullptr, &container, true, 0, nullptr), 1);
-    EXPECT_EQ(data.getTotalSlidesNum(), 0);
+    EXPECT_EQ(data.getTotalSlidesNum() + data.getMediaObjectCount(-1), 0);
     EXPECT_FALSE(data.insertMediaObject(0, 0, nullptr) || data.deleteMediaObject(0, 0));
-    EXPECT_EQ(data.getMediaObject(0, 0), nullptr);
-    EXPECT_EQ(data.getMediaObjectCount(-1), 0);
 }
 
 TEST(Presentation, FindsAFreeName) {
@@ -113,7 +107,6 @@ TEST(Presentation, DropsEmptyTextsThatNeedNotBeSent) {
         {MMS_COMP_COLOR_NAMED, "red", "ref", "", false},
         {MMS_COMP_COLOR_NUMERIC, "#fffffe", "", "deleted", false},
         {MMS_COMP_COLOR_NAMED, "red", "img", "", true},
-        {MMS_COMP_COLOR_NAMED, "red", "video", "deleted", true},
         {MMS_COMP_COLOR_NAMED, "red", "audio", "", true},
     };
     for (const auto& [kind, color, companion, content, dropped] : rows) {
@@ -153,27 +146,23 @@ TEST(Presentation, CopiesItselfForAnotherContainer) {
     EXPECT_EQ(sourcesOf(copy), "a|b");
     EXPECT_EQ(copy.getMediaObject(1, 0)->getData(), other.getBodypartByIndex(1, false));
     EXPECT_EQ(copy.getSlide(1)->getTextSize() + QString::number(copy.getSlide(1)->getDur()), "big-2");
-    EXPECT_EQ(copy.getMeta(0)->getContent(), "c");
-    EXPECT_EQ(copy.getRootLayout()->getWidth(), 176);
-    EXPECT_EQ(copy.getRootLayout()->getBackgroundColor()->kind, MMS_COMP_COLOR_NONE);
-    EXPECT_EQ(copy.getLayoutMeasureUnit(), MMS_COMP_SMIL_UNIT_PERCENT);
+    const MMS_COMP_SMILRootLayout& root = *copy.getRootLayout();
+    EXPECT_TRUE(root.getWidth() == 176 && root.getBackgroundColor()->kind == MMS_COMP_COLOR_NONE);
+    EXPECT_TRUE(copy.getMetaCount() == 1 && copy.getLayoutMeasureUnit() == MMS_COMP_SMIL_UNIT_PERCENT);
     ASSERT_EQ(copy.getRegionCount(), 2);
-    EXPECT_EQ(copy.getRegion(1)->getId(), "r2");
+    EXPECT_EQ(copy.getMeta(0)->getContent() + copy.getRegion(1)->getId(), "cr2");
 
     delete other.getBodypartByIndex(1, false);
     EXPECT_FALSE(data.copyTo(&copy, &other));
     EXPECT_EQ(sourcesOf(copy), "a|b|a") << "up to the slide whose content is missing";
     EXPECT_EQ(copy.getRegionCount(), 2) << "equal regions are there once";
-    EXPECT_FALSE(data.copyTo(&data, &container));
-    EXPECT_FALSE(data.copyTo(nullptr, &container));
+    EXPECT_FALSE(data.copyTo(&data, &container) || data.copyTo(nullptr, &container));
     MMS_COMP_SMILTimingContainer& slide = *data.getSlide(0);
     EXPECT_FALSE(slide.copyTo(&slide, &container) || slide.copyTo(nullptr, &container));
     data.setMultiPart(nullptr);
-    EXPECT_EQ(data.getSlide(0)->getMultiPart(), nullptr);
-    EXPECT_FALSE(copy.isEmpty());
+    EXPECT_EQ(slide.getMultiPart(), nullptr);
     copy.clean();
-    EXPECT_TRUE(copy.isEmpty());
-    EXPECT_EQ(copy.getMetaCount() + copy.getTotalSlidesNum(), 0);
+    EXPECT_TRUE(copy.isEmpty() && !copy.getMetaCount());
     EXPECT_EQ(copy.getRegionCount(), 2);
 }
 

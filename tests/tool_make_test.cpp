@@ -1,9 +1,3 @@
-#include "codec/ua_decoder.h"
-#include "codec/ua_msg.h"
-#include "multipart/multipart.h"
-#include "multipart/multipart_parser.h"
-#include "smil/model/presentation.h"
-#include "smil/parser/smil_parser.h"
 #include "tests/tool_runner.h"
 
 #include <QImage>
@@ -60,33 +54,17 @@ TEST_F(ToolTest, EverythingAskedForIsThere) {
     const Outcome made = lummms(QStringList{"compose", "-o", path("m.mms"), "--subject", "Grüße <b>"} +
                                 options + slides + QStringList{"--attach", write("card.vcf", "BEGIN:VCARD")});
     ASSERT_EQ(made.status, 0) << made.err.constData();
-    const QJsonObject json = lummms({"show", "--json", path("m.mms")}).json();
-    const QJsonObject header = json["header"].toObject();
-    const auto address = [](const QJsonValue& entry) {
-        return entry["address"].toString() + QString::number(entry["type"].toInt());
-    };
-    EXPECT_EQ(header["messageTypeName"], "m-send-req");
-    EXPECT_FALSE(header["transactionId"].toString().isEmpty());
-    EXPECT_EQ(address(header["from"]), "+11");
-    EXPECT_EQ(address(header["to"][0]) + address(header["to"][1]), "+21a@b.c0");
-    EXPECT_EQ(address(header["cc"][0]) + address(header["bcc"][0]), "31" + readBack("é@x.y") + "0");
-    EXPECT_EQ(header["subject"], "Grüße <b>");
-    EXPECT_EQ(header["priority"], 130);
-    EXPECT_TRUE(header["deliveryReport"].toBool() && header["readReply"].toBool());
+    const QByteArray shown = lummms({"show", path("m.mms")}).out.simplified();
+    for (const char* piece :
+         {"m-send-req", "From +1 (phone number)", "To +2 (phone number)", " a@b.c (e-mail address)",
+          "Cc 3 (phone number)", "Bcc é@x.y (e-mail address)", "Subject Grüße <b>", "Priority High",
+          "Delivery-Report Yes", "Read-Reply Yes", "application/smil slides.smil", "text/plain text.txt",
+          "image/png p.png", "audio/amr s.amr", "text/x-vcard card.vcf", "Slide 1, 2.5 s",
+          "text in region \"text\"", "picture in region \"image\"", "Slide 2, until the user goes on"})
+        EXPECT_TRUE(shown.contains(piece)) << piece << " is missing in " << shown.constData();
+    const QJsonValue header = lummms({"show", "--json", path("m.mms")}).json()["header"];
     EXPECT_NEAR(header["expiry"].toInt(), 3600, 5);
-    EXPECT_TRUE(header["fieldOrderCorrect"].toBool());
-
-    QStringList parts;
-    for (const QJsonValue part : json["body"]["parts"].toArray())
-        parts += part["contentType"].toString() + '/' + part["subType"].toString() + ' ' +
-                 part["contentLocation"].toString();
-    EXPECT_EQ(parts, (QStringList{"application/smil slides.smil", "text/plain text.txt", "image/png p.png",
-                                  "audio/amr s.amr", "text/x-vcard card.vcf"}));
-    const QJsonValue presentation = json["presentation"];
-    EXPECT_EQ(presentation["slides"][0]["duration"], 2500);
-    EXPECT_EQ(presentation["slides"][0]["objects"][0]["region"], "text");
-    EXPECT_EQ(presentation["slides"][0]["objects"][1]["region"], "image");
-    EXPECT_EQ(presentation["slides"][1]["duration"], -2);
+    EXPECT_TRUE(header["fieldOrderCorrect"].toBool() && header["mandatoryFieldsPresent"].toBool());
 }
 
 TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
@@ -101,7 +79,6 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--to", "1", "--slide", "soon", "text:a"}, "soon"},
         {{"--to", "1", "--slide", "5", path("missing.png")}, "missing.png: no such file"},
         {{"--to", "1", "--slide", "5", picture, write("v.3gp", "3gp")}, "p.png' and '"},
-        {{"--to", "1", "--slide", "5", "text:one", "text:two"}, "'text:one' and 'text:two'"},
         {{"--to", "1", "--slide", "5", write("x.zip", "PK")}, "--attach"},
         {{"--to", "1", "--slide", "5", write("l.txt", "\xE9t\xE9")}, "UTF-8"},
         {{"--to", "1", "--attach", large}, "308224 octets are more than the 307200"},
@@ -265,7 +242,7 @@ QByteArray typedLines(const QByteArray& page) {
 }
 
 TEST_F(ToolTest, manualsExamplesWork) {
-    QFile page(MANUAL);
+    QFile page(QString(SOURCES) + "/docs/lummms.1");
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
     const QByteArray typed = typedLines(page.readAll());
     for (const char* command : {"compose", "show", "unpack", "smil", "render", "help"})

@@ -4,8 +4,6 @@
 #include <QColor>
 #include <QImage>
 
-#include <tuple>
-
 namespace {
 
 /// A picture of that size, its left half red and its right half blue.
@@ -61,7 +59,6 @@ TEST_F(RenderTest, PicturesFillTheirRegionByItsFit) {
     const QColor red(Qt::red), blue(Qt::blue), lime(0, 255, 0);
     const std::pair<const char*, Points> rows[] = {
         {"hidden", {{60, 40, red}, {118, 78, red}, {60, 82, lime}}},
-        {"scroll", {{60, 40, red}, {118, 78, red}, {60, 82, lime}}},
         {"fill", {{30, 155, red}, {90, 155, blue}, {118, 2, blue}}},
         {"meet", {{30, 20, red}, {90, 38, blue}, {60, 60, lime}}},
         {"slice", {{30, 155, red}, {118, 155, red}, {60, 2, red}}},

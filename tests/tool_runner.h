@@ -1,7 +1,6 @@
 #pragma once
 
-#include "tests/multipart_entry.h"
-#include "tests/octets.h"
+#include "tests/testing.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,7 @@
 #include "tests/tool_runner.h"
 
-#include <QCryptographicHash>
 #include <QJsonArray>
-
-#include <tuple>
+#include <QRegularExpression>
 
 namespace {
 
@@ -27,62 +25,25 @@ QByteArray message() {
            entry(octets("9E"), octets("8E") + zeroed("p.jpg"), QByteArray("\xFF\xD8"));
 }
 
+/// What is expected, from a file of tests/data/show.
+QByteArray expected(const char* name) {
+    QFile file(QString(SOURCES) + "/tests/data/show/" + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << name;
+    return file.readAll();
+}
+
 TEST_F(ShowTest, ShowsAMessageToAPerson) {
     const Outcome run = lummms({"show", write("m.mms", message())});
-    EXPECT_EQ(run.status, 0) << run.err.constData();
+    EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.err, QByteArray());
-    const char* lines[] = {
-        "  Message-Type            m-retrieve-conf\n",
-        "  From                    +123 (phone number)\n",
-        "  To                      Ann <a@b.c> (e-mail address)\n",
-        "  Message-Class           Personal\n",
-        "  Priority                High\n",
-        "(moment of reading)\n",
-        "  3   image/jpeg        p.jpg       2\n",
-        "      \"Hello ...\"\n",
-        "  Slide 1, 3 s\n",
-        "    text     in region \"T\"      \"Hello ...\" (a.txt)\n",
-        "  Note: a media element was left out because its content is missing (warning 3)\n",
-    };
-    for (const char* line : lines)
-        EXPECT_TRUE(run.out.contains(line)) << line << "is missing in\n" << run.out.constData();
+    const QRegularExpression now("\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d .*(?=\\(moment of reading)");
+    EXPECT_EQ(QString(run.out).replace(now, ""), expected("message.txt")) << run.out.constData();
 }
 
 TEST_F(ShowTest, ShowsAMessageToAProgram) {
     const Outcome run = lummms({"show", "--json", write("m.mms", message())});
     EXPECT_EQ(run.status, 0);
-    const QJsonObject json = run.json();
-    EXPECT_EQ(json["result"], 0);
-    EXPECT_EQ(json["bodyOffset"].toInt() + json["bodyLength"].toInt(), message().size());
-
-    const QJsonObject header = json["header"].toObject();
-    const QStringList keys = {
-        "contentType",  "deliveryReport", "fieldOrderCorrect", "from",      "mandatoryFieldsPresent",
-        "messageClass", "messageType",    "messageTypeName",   "positions", "present",
-        "priority",     "readReply",      "subject",           "to",        "transactionId",
-        "version"};
-    EXPECT_EQ(header.keys(), keys) << "absent fields are left out, the Date always";
-    EXPECT_EQ(header["messageTypeName"], "m-retrieve-conf");
-    EXPECT_EQ(header["positions"].toObject()["Content-Type"], 12);
-    EXPECT_EQ(header["from"], (QJsonObject{{"name", ""}, {"type", 1}, {"address", "+123"}}));
-    EXPECT_EQ(header["to"].toArray()[0], (QJsonObject{{"name", "Ann "}, {"type", 0}, {"address", "a@b.c"}}));
-    EXPECT_EQ(header["contentType"].toObject()["parameters"], "type=application/smil;start=<s>");
-
-    const QJsonObject body = json["body"].toObject();
-    EXPECT_EQ(body["start"], "<s>");
-    const QJsonObject text = body["parts"].toArray()[1].toObject();
-    EXPECT_EQ(text["displayFileType"], 1)
-        << "the parts are shown as they were before the presentation was read";
-    EXPECT_EQ(text["sha256"].toString().toLatin1(),
-              QCryptographicHash::hash("Hello\nyou", QCryptographicHash::Sha256).toHex());
-
-    const QJsonObject presentation = json["presentation"].toObject();
-    EXPECT_EQ(presentation["warning"], 3);
-    EXPECT_EQ(presentation["rootLayout"].toObject()["background"], QJsonValue(QJsonValue::Null));
-    const QJsonObject slide = presentation["slides"].toArray()[0].toObject();
-    EXPECT_EQ(slide["duration"], 3000);
-    EXPECT_EQ(slide["objects"].toArray().size(), 1);
-    EXPECT_EQ(slide["objects"].toArray()[0].toObject()["part"], 1);
+    EXPECT_EQ(run.json(), QJsonDocument::fromJson(expected("message.json")).object()) << run.out.constData();
 }
 
 TEST_F(ShowTest, TellsWhatIsWrongAndShowsTheRest) {
@@ -106,6 +67,23 @@ TEST_F(ShowTest, TellsWhatIsWrongAndShowsTheRest) {
     }
 }
 
+TEST_F(ShowTest, WhatIsRepeatedIsShortened) {
+    const QByteArray type = QByteArray(20000, 't') + "/x", name(1000, 'n');
+    const QByteArray part = entry(octets("1F") + uintvar(type.size() + 1) + zeroed(type) + octets("C0 22") +
+                                  zeroed("<b>") + octets("8E") + zeroed(name));
+    const QByteArray smil =
+        "<smil><body><par>" + QByteArray("<ref src='cid:b'/>").repeated(1000) + "</par></body></smil>";
+    const QByteArray head = char(17) + zeroed("application/smil") + octets("C0 22") + zeroed("<s>");
+    write("m.mms", HEADER + RELATED + char(2) + entry(head, smil) + part);
+    for (const QStringList& arguments : {QStringList{"show", path("m.mms")},
+                                         {"show", "--json", path("m.mms")},
+                                         {"render", path("m.mms"), "-o", path("m.html")}}) {
+        const Outcome run = lummms(arguments);
+        EXPECT_EQ(run.status, 0) << run.err.constData();
+        EXPECT_LT(run.out.size() + read("m.html").size(), 1000000) << arguments[0].toStdString();
+    }
+}
+
 TEST_F(ShowTest, NothingOfAMessageReachesTheTerminalRaw) {
     const QByteArray hostile = "\x1B[2J\xC2\x9B\x7F\xE2\x80\xAE"
                                "end\0";
@@ -126,15 +104,11 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
     const QStringList rows[] = {
         {},
         {"dance"},
-        {"show"},
         {"show", "--loud", "x"},
         {"show", "a", "b"},
-        {"show", path("missing")},
         {"show", path("")},
-        {"smil", path("missing")},
         {"smil", write("s.smil", SMIL), "--parts", path("missing")},
         {"unpack", file, file},
-        {"render", file},
         {"render", file, "-o", path("s.gif")},
         {"render", file, "-o", path("s.png"), "--scale", "0"},
         {"render", file, "-o", path("no/s.png")},

@@ -1,13 +1,8 @@
-#include "platform/mime/am_mime_type.h"
-#include "tests/octets.h"
-#include "util/lowered.h"
-#include "util/mms_comp_util.h"
+#include "tests/testing.h"
 
 #include <QFile>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-
-#include <tuple>
 
 namespace {
 
@@ -79,11 +74,6 @@ TEST(Util, loadsFilesUpToTheLimit) {
         EXPECT_EQ(data, status == 0 ? contents : QByteArray("before"));
         EXPECT_EQ(sharer, QByteArray("before"));
     }
-}
-
-TEST(EqualLowered, signsOneBitApartAreNoLetters) {
-    EXPECT_TRUE(equalLowered(u"Image/JPEG", u"image/jpeg"));
-    EXPECT_FALSE(equalLowered(u"[", u"{") || equalLowered(u"image/jpeg", u"image/jpe"));
 }
 
 } // namespace

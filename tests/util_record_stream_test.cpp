@@ -1,9 +1,4 @@
-#include "tests/octets.h"
-#include "util/record_stream.h"
-
-#include <QIODevice>
-
-#include <tuple>
+#include "tests/testing.h"
 
 namespace {
 

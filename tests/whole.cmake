@@ -5,12 +5,7 @@ foreach(example read_message compose_message edit_message)
     target_link_libraries(${example} PRIVATE lumsmilparser)
     add_dependencies(examples_test ${example})
 endforeach()
-target_compile_definitions(examples_test PRIVATE EXAMPLES="$<TARGET_FILE_DIR:read_message>"
-                           SOURCES="${CMAKE_CURRENT_SOURCE_DIR}")
-
-if(LUM_BUILD_TOOLS)
-    target_compile_definitions(tool_make_test PRIVATE MANUAL="${CMAKE_CURRENT_SOURCE_DIR}/docs/lummms.1")
-endif()
+target_compile_definitions(examples_test PRIVATE EXAMPLES="$<TARGET_FILE_DIR:read_message>")
 
 set(libraries lummmsutility lummime lumsmilparser)
 if(LUM_BUILD_UI)
