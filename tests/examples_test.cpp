@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -54,18 +53,6 @@ TEST(Examples, standInTheReadme) {
         const QByteArray source = contents(QString(SOURCES) + "/examples/" + example + ".cpp");
         ASSERT_FALSE(source.isEmpty());
         EXPECT_TRUE(readme.contains("```cpp\n" + source + "```\n")) << example << " differs";
-    }
-}
-
-TEST(Readme, namesEveryOptionAndCommand) {
-    const QByteArray readme = contents(QString(SOURCES) + "/README.md");
-    const QByteArray text =
-        contents(QString(SOURCES) + "/CMakeLists.txt") + contents(QString(SOURCES) + "/dev");
-    const QRegularExpression names("^(?:option\\(|set\\()?(LUM_\\w+|\\./dev \\w+)",
-                                   QRegularExpression::MultilineOption);
-    for (auto found = names.globalMatch(text); found.hasNext();) {
-        const QByteArray name = found.next().captured(1).toUtf8();
-        EXPECT_TRUE(readme.contains("| `" + name)) << name.constData();
     }
 }
 

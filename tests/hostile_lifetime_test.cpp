@@ -99,7 +99,11 @@ TEST(Lifetime, PartsMoveBetweenOwners) {
     EXPECT_EQ(second.appendBodypart(picture), 0);
     EXPECT_EQ(r.container->getPartCount() + second.getPartCount(), 2);
     EXPECT_TRUE(r.part(0)->setSubBody(picture, 0));
-    EXPECT_FALSE(picture->setSubBody(r.part(0), 0));
+    EXPECT_FALSE(picture->setSubBody(r.part(0), 0) || picture->setSubBody(picture, -1));
+    Part* last = new Part;
+    EXPECT_TRUE(picture->setSubBody(last, 5) && r.part(0)->setSubBody(last, 5));
+    EXPECT_EQ(r.part(0)->getSubBody(1), last);
+    EXPECT_FALSE(last->setSubBody(nullptr, 0) || last->rmSubBody(0) || last->rmSubBody(~0u));
     EXPECT_EQ(second.getPartCount(), 0);
     delete r.part(0);
     EXPECT_EQ(r.object(0, 0)->getData(), nullptr);

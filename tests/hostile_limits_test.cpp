@@ -1,10 +1,9 @@
-// Every limit, just at it and just beyond it.
+// The limits of bodies, records and names, just at each and just beyond it. (Those of presentation
+// texts: smil_reader_test.)
 
 #include "tests/testing.h"
 
 #include "util/lowered.h"
-
-#include <QTemporaryFile>
 
 namespace {
 
@@ -16,19 +15,6 @@ QByteArray body(const QByteArray& headers, const QByteArray& data) {
 unsigned char decode(QByteArray octets, MMS_COMP_SMILMultipart& container) {
     return MMS_UA_MultiPart_CODEC::decodeMultipart(false, reinterpret_cast<unsigned char*>(octets.data()),
                                                    static_cast<unsigned int>(octets.size()), &container);
-}
-
-/// Reads a text from a file: unlike one from a message it may begin with declarations.
-int readSmil(const QByteArray& text) {
-    QTemporaryFile file;
-    EXPECT_TRUE(file.open() && file.write(text) == text.size() && file.flush());
-    MMS_COMP_SMILMultipart container;
-    MMS_COMP_SMILData data(&container);
-    return MMS_COMP_SMILParser().parse(file.fileName(), &container, &data);
-}
-
-QByteArray elements(int depth, const QByteArray& name) {
-    return QByteArray('<' + name + '>').repeated(depth) + QByteArray("</" + name + '>').repeated(depth);
 }
 
 TEST(Limits, BodiesWithinBodies) {
@@ -86,35 +72,6 @@ TEST(Limits, Names) {
         EXPECT_EQ(container.isPartExist(QString(length, 'n')), length == 100);
         EXPECT_EQ(data.isElemNameExist(QString(length, 'n')), length == 100);
     }
-}
-
-TEST(Limits, PresentationText) {
-    const QByteArray declared = "<!DOCTYPE smil [<!ENTITY e 'x'>]><smil>&e;</smil>";
-    const auto attributes = [](int count) {
-        QByteArray text = "<smil";
-        for (int i = 0; i < count; ++i)
-            text += " a" + QByteArray::number(i) + "=''";
-        return QByteArray(text + "/>");
-    };
-    const struct {
-        const char* name;
-        QByteArray text;
-        int result;
-    } rows[] = {
-        {"elements in elements", "<smil>" + elements(127, "a") + "</smil>", 0},
-        {"one more", "<smil>" + elements(128, "a") + "</smil>", -16},
-        {"attributes", attributes(1000), 0},
-        {"one more attribute", attributes(1001), -8},
-        {"text with declarations", declared + QByteArray(1024 - declared.size(), ' '), 0},
-        {"one more character", declared + QByteArray(1025 - declared.size(), ' '), -8},
-        {"declarations of declarations",
-         "<!DOCTYPE smil [<!ENTITY a 'x'><!ENTITY b '&a;&a;'>]><smil>&b;</smil>", -8},
-        {"a declaration of itself", "<!DOCTYPE smil [<!ENTITY a '&a;'>]><smil>&a;</smil>", -8},
-        {"a declaration of deep elements",
-         "<!DOCTYPE smil [<!ENTITY e '" + elements(130, "a") + "'>]><smil>&e;</smil>", -16},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(readSmil(row.text), row.result) << row.name;
 }
 
 TEST(Limits, IndicesAreChecked) {

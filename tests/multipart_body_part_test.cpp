@@ -51,19 +51,6 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
     EXPECT_TRUE(part.getBodyData().isEmpty());
 }
 
-TEST(BodyPart, NoPartHoldsItself) {
-    Part root;
-    Part *middle = new Part, *inner = new Part;
-    EXPECT_TRUE(root.setSubBody(middle, -1) && middle->setSubBody(inner, -1));
-    EXPECT_FALSE(root.setSubBody(&root, -1) || inner->setSubBody(&root, -1));
-    EXPECT_TRUE(root.setSubBody(inner, 0)); // moves up
-    EXPECT_EQ(middle->getSubBodyCount(), 0);
-    EXPECT_EQ(root.getSubBody(1), middle);
-    EXPECT_TRUE(root.setSubBody(partAt("last"), 5));
-    EXPECT_EQ(root.getSubBody(2)->getContentLocation(), "last");
-    EXPECT_FALSE(root.setSubBody(nullptr, 0) || root.rmSubBody(4) || root.rmSubBody(~0u));
-}
-
 TEST(BodyPartRecord, IsByteExact) {
     Part part, back;
     part.setContentType("a");

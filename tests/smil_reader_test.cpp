@@ -225,12 +225,25 @@ TEST_F(Reader, WithstandsHostileTexts) {
         return "<!DOCTYPE smil [" + declarations + "]><smil>" + inner + "</smil>";
     };
     const auto many = [](const QByteArray& piece) { return piece.repeated(200); };
-    QByteArray namespaces;
-    for (int i = 0; i < 100000; ++i)
-        namespaces += " xmlns:a" + QByteArray::number(i) + "='x'";
+    const auto attributes = [](int count, const QByteArray& prefix) {
+        QByteArray text = "<smil";
+        for (int i = 0; i < count; ++i)
+            text += ' ' + prefix + QByteArray::number(i) + "=''";
+        return text + "/>";
+    };
+    const QByteArray declared = dtd("<!ENTITY e 'x'>", "&e;");
     const QByteArray deep = nested("a", 200);
     const std::tuple<const char*, QByteArray, int> rows[] = {
-        {"the last of 129 levels empty", smil(QByteArray("<a>").repeated(127) + "<a/>"), -16},
+        {"as many levels as allowed", smil(nested("a", 127)), 0},
+        {"one more, empty", smil(QByteArray("<a>").repeated(127) + "<a/>"), -16},
+        {"as many attributes as allowed", attributes(1000, "a"), 0},
+        {"one more attribute", attributes(1001, "a"), -8},
+        {"100,000 namespaces", attributes(100000, "xmlns:a"), -8},
+        {"the longest text with declarations", declared + QByteArray(1024 - declared.size(), ' '), 0},
+        {"one character more", declared + QByteArray(1025 - declared.size(), ' '), -8},
+        {"declarations of declarations", dtd("<!ENTITY a 'x'><!ENTITY b '&a;&a;'>", "&b;"), -8},
+        {"a declaration of itself", dtd("<!ENTITY a '&a;'>", "&a;"), -8},
+        {"a declaration of levels", dtd("<!ENTITY e '" + nested("a", 130) + "'>", "&e;"), -16},
         {"quotes and signs in values", smil(many("<a b='/>\"' c=\"/a>'>\"/>")), 0},
         {"self-closing", smil(many("<a b=\"/\"></a><a/><a b='c'/>")), 0},
         {"levels in CDATA", smil("<![CDATA[" + many("<a '>") + "]]>"), 0},
@@ -241,7 +254,6 @@ TEST_F(Reader, WithstandsHostileTexts) {
         {"levels behind a good DTD", dtd("<!ELEMENT a (b|c)><!-- ]>\" -->", deep), -16},
         {"entity", dtd("<!ENTITY e '<head/>'><!ATTLIST a b CDATA 'c'>", "&e;"), 0},
         {"entity built from pieces", dtd("<!ENTITY % p \"<!ENTITY e 'x'\">%p;'>", "&e;"), -8},
-        {"100,000 namespaces", "<smil" + namespaces + "/>", -8},
         {"invalid UTF-8", smil("\xC3\x28\xFF"), 0}};
     for (const auto& [name, text, status] : rows) {
         data.clean();
