@@ -15,11 +15,18 @@ namespace {
 constexpr unsigned char quote = 127;
 constexpr int utf8Mib = 106;
 
+/// What a Text-string can hold of a text: a zero inside would end it, and what follows be read as the
+/// next header. A sender could so add recipients to the reply that he gets.
+QStringView upToZero(QStringView text) {
+    const qsizetype zero = text.indexOf(QChar(0));
+    return zero < 0 ? text : text.first(zero);
+}
+
 /// A text as the octets that stand on the wire, without the closing zero. ASCII, as most of a header
 /// is, goes there straight from the text.
 class WireText {
 public:
-    explicit WireText(const QString& text)
+    explicit WireText(QStringView text)
         : text_(text), utf8_(isAscii(text) ? QByteArray() : text.toUtf8()),
           quoted_(!utf8_.isEmpty() && (utf8_.at(0) & 0x80)) {}
 
@@ -66,12 +73,12 @@ unsigned char PlainTextBinary::readFrom(LinearBuffer* buffer, QString* out) {
 }
 
 unsigned char PlainTextBinary::writeTo(LinearBuffer* buffer, const QString& text) {
-    WireText(text).appendTo(buffer);
+    WireText(upToZero(text)).appendTo(buffer);
     return CODEC_WRITTEN;
 }
 
 int PlainTextBinary::sizeOf(const QString& text) {
-    return WireText(text).size() + 1;
+    return WireText(upToZero(text)).size() + 1;
 }
 
 unsigned char EncodedStringBinary::readFrom(LinearBuffer* buffer, QString* out) {

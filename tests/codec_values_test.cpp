@@ -106,6 +106,9 @@ TEST(Texts, Written) {
         {a28, octets("1E EA"), a28 + '\0'},
         {a28 + 'b', octets("1F 1F EA"), a28 + octets("62 00")}, // one more takes a Length-quote
     };
+    const QString twoFields = QString("+1") + QChar(0) + QChar(1); // what is behind the zero would be a Bcc
+    EXPECT_EQ(written([&](LinearBuffer* b) { return PlainTextBinary::writeTo(b, twoFields); }), zeroed("+1"));
+    EXPECT_EQ(PlainTextBinary::sizeOf(twoFields), 3);
     for (const auto& [utf8, start, plain] : rows) {
         const QString text = QString::fromUtf8(utf8);
         const QByteArray encoded = start + plain;
