@@ -27,8 +27,8 @@ MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SM
       contentId_(other.contentId_), contentXferEncoding_(other.contentXferEncoding_),
       extHeader_(other.extHeader_), partFlags_(other.partFlags_), bodyData_(other.bodyData_),
       refCount_(other.refCount_), boundary_(other.boundary_), support_(other.support_),
-      locationKey_(other.locationKey_), idKey_(other.idKey_), pixmap_(other.pixmap_),
-      pixmapId_(other.pixmapId_) {
+      locationKey_(other.locationKey_), locationIdKey_(other.locationIdKey_), idKey_(other.idKey_),
+      pixmap_(other.pixmap_), pixmapId_(other.pixmapId_) {
     for (const MMS_COMP_SMILMultipartBodypart* part : other.subBodies_)
         subBodies_.append(new MMS_COMP_SMILMultipartBodypart(*part));
 }
@@ -76,7 +76,9 @@ int MMS_COMP_SMILMultipartBodypart::setDescription(const QString& description) {
 
 int MMS_COMP_SMILMultipartBodypart::setContentLocation(const QString& location) {
     contentLocation_ = location;
-    locationKey_ = loweredKey(location);
+    const PartReference reference(location);
+    locationKey_ = reference.textKey();
+    locationIdKey_ = reference.idKey();
     return 0;
 }
 

@@ -182,13 +182,14 @@ public:
 
     /// Who deletes this part; null when it is whoever made it.
     BodypartOwner* getOwner() const { return owner_; }
-    /// Hands the part to another owner (null: to the caller); the former one forgets it.
-    void setOwner(BodypartOwner* owner);
 
 private:
     friend class BodypartLink;
+    friend class BodypartList;  // alone tells a part who owns it
     friend class PartReference; // compares names by their keys, and without copying them
 
+    /// Hands the part to another owner (null: to the caller); the former one forgets it.
+    void setOwner(BodypartOwner* owner);
     bool readRecord(RecordReader& record, int depth);
     void writeRecord(RecordWriter& record) const;
     bool holds(const MMS_COMP_SMILMultipartBodypart* part) const;
@@ -211,7 +212,8 @@ private:
     QString boundary_ = QStringLiteral("");
     BodypartList subBodies_;
     MEDIA_SUPPORT support_ = SUPPORT_UNKNOWN;
-    quint32 locationKey_ = 0; // loweredKey() of location and bare id: most names differ in it
+    quint32 locationKey_ = 0;   // loweredKey() of the location, of the bare id in it, of the bare id:
+    quint32 locationIdKey_ = 0; // most names differ in them
     quint32 idKey_ = 0;
     std::optional<QPixmap> pixmap_; // a QPixmap aborts a program that has no application object
     int pixmapId_ = -1;

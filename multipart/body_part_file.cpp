@@ -49,8 +49,12 @@ int openPlainFile(const Directory& directory, const QByteArray& name) {
                             O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (fd < 0)
         return -1;
-    struct stat status;
-    if (::fstat(fd, &status) == 0 && isPlainFile(status) && ::ftruncate(fd, 0) == 0)
+    // Only the name's own status counts its names at a moment at which this one is still among them.
+    struct stat opened, named;
+    if (::fstat(fd, &opened) == 0 &&
+        ::fstatat(directory.fd(), name.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+        opened.st_dev == named.st_dev && opened.st_ino == named.st_ino && isPlainFile(named) &&
+        ::ftruncate(fd, 0) == 0)
         return fd;
     ::close(fd);
     return -1;

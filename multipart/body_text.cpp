@@ -27,7 +27,8 @@ constexpr int pieceSize = 2048; // units or octets that are converted at a time
 class Utf8Text {
 public:
     /// `expected` is how many octets there will be at least, unless a NUL ends them.
-    explicit Utf8Text(qsizetype expected) : expected_(expected) {}
+    /// (The array begins with a block of its own, so that all it grows by can grow in place.)
+    explicit Utf8Text(qsizetype expected) : octets_(0), expected_(expected) {}
 
     /// Adds units. False when nothing behind them counts.
     bool append(QStringView units) {

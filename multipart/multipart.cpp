@@ -87,9 +87,15 @@ int MMS_COMP_SMILMultipart::deletePart(int index) {
 }
 
 int MMS_COMP_SMILMultipart::deletePartBySrc(const QString& src) {
-    if (src.isEmpty())
-        return ERR_NO_PART;
-    const PartReference reference(src);
+    return src.isEmpty() ? ERR_NO_PART : deletePartsMeant(PartReference(src));
+}
+
+int MMS_COMP_SMILMultipart::deletePartLike(const MMS_COMP_SMILMultipartBodypart& part) {
+    const QString location = part.getContentLocation(); // stays when the part goes
+    return location.isEmpty() ? ERR_NO_PART : deletePartsMeant(PartReference(part));
+}
+
+int MMS_COMP_SMILMultipart::deletePartsMeant(const PartReference& reference) {
     for (int i = 0; i < parts_.count();) {
         Part* part = parts_.at(i);
         if (!reference.means(*part)) {

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+class PartReference;
+
 /// The body of a message: its content type and its parts, in order.
 ///
 /// References to parts are Content-IDs ("cid:" and angle brackets optional) or Content-Locations,
@@ -62,6 +64,9 @@ public:
     /// further references are deleted, that one loses a reference. 0 (also without a match), or
     /// ERR_NO_PART for an empty reference.
     int deletePartBySrc(const QString& src);
+    /// The same for the Content-Location of a part, of this container or another; it takes no longer for
+    /// a long one.
+    int deletePartLike(const MMS_COMP_SMILMultipartBodypart& part);
     /// The first part that matches `src` and has that display file type, or null. It stays the
     /// container's.
     MMS_COMP_SMILMultipartBodypart* getBodyPartBySrc(const QString& src, int fileType) const;
@@ -109,6 +114,7 @@ private:
 
     bool isRelated() const;
     int indexOfUPIPart() const;
+    int deletePartsMeant(const PartReference& reference);
 
     QString extType_;
     QString mimeType_;

@@ -23,6 +23,11 @@ PartReference::PartReference(QStringView text)
       idKey_(id_.size() == text_.size() ? textKey_ : loweredKey(id_)) {
 }
 
+PartReference::PartReference(const MMS_COMP_SMILMultipartBodypart& part)
+    : text_(part.contentLocation_), id_(bareContentId(text_.trimmed())), textKey_(part.locationKey_),
+      idKey_(part.locationIdKey_) {
+}
+
 bool PartReference::means(const MMS_COMP_SMILMultipartBodypart& part) const {
     if (part.locationKey_ == textKey_ && equalLowered(part.contentLocation_, text_))
         return true;

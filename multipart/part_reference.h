@@ -16,6 +16,13 @@ class PartReference {
 public:
     /// The text stays the caller's and must outlive the reference.
     explicit PartReference(QStringView text);
+    /// The part's Content-Location as a reference: also a long one is made ready at once. It must not
+    /// change as long as the reference is used.
+    explicit PartReference(const MMS_COMP_SMILMultipartBodypart& part);
+
+    /// loweredKey() of the reference as it stands, and of the Content-ID that it may be.
+    quint32 textKey() const { return textKey_; }
+    quint32 idKey() const { return idKey_; }
 
     /// Whether it is the part's Content-ID or Content-Location.
     bool means(const MMS_COMP_SMILMultipartBodypart& part) const;

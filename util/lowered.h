@@ -72,6 +72,8 @@ inline quint32 loweredKey(QStringView text) {
 
 /// Whether two texts are equal in lower case, as a.toLower() == b.toLower() has it. Copies nothing.
 inline bool equalLowered(QStringView a, QStringView b) {
+    if (a == b)
+        return true;
     const qsizetype common = std::min(a.size(), b.size());
     for (qsizetype i = 0; i < common; ++i) {
         const char16_t unitA = a[i].unicode();

@@ -140,7 +140,7 @@ bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject* target,
 void MMS_COMP_SMILMediaObject::clear() {
     if (MMS_COMP_SMILMultipartBodypart* part = getData()) {
         if (multipart_)
-            multipart_->deletePartBySrc(part->getContentLocation());
+            multipart_->deletePartLike(*part);
         else
             delete part;
     }
