@@ -50,6 +50,7 @@ TEST(Util, testsTheCharactersOfNames) {
 TEST(Util, loadsFilesUpToTheLimit) {
     const auto restore = qScopeGuard([] { qunsetenv("LUM_MMS_MAX_SIZE_KB"); });
     const QTemporaryDir dir;
+    ASSERT_TRUE(QFile::link("/dev/zero", dir.filePath("device")));
     const std::tuple<const char*, const char*, int, bool, int> rows[] = {
         {"empty", "1", 0, true, 0},
         {"at the limit", "1", 1024, true, 0},
@@ -58,6 +59,7 @@ TEST(Util, loadsFilesUpToTheLimit) {
         {"limit far beyond 32 bits of octets", "2147483647", 1, true, 0},
         {"missing", "1", -1, true, -1},
         {".", "1", -1, false, -1},
+        {"device", "1", -1, true, -2},
     };
     for (const auto& [name, limit, size, checkSize, status] : rows) {
         SCOPED_TRACE(name);

@@ -105,7 +105,7 @@ int MMS_COMP_Util::getQByteArraySrcByFileName(QArray<char>& data, const QString&
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return FILE_NOT_OPENED;
-    const qint64 size = file.size();
+    const qint64 size = file.isSequential() ? -1 : file.size(); // a pipe's would be 0
     if (checkSize && size > qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024)
         return FILE_TOO_LARGE;
     if (size < 0)

@@ -13,7 +13,7 @@ public:
     enum FILE_STATUS {
         FILE_READ = 0,        ///< the whole file was read
         FILE_NOT_OPENED = -1, ///< there is no such file, or it must not be read
-        FILE_NO_SIZE = -2,    ///< the file does not tell its size
+        FILE_NO_SIZE = -2,    ///< the file does not tell its size: a pipe, a device
         FILE_NO_MEMORY = -3,  ///< no memory for the contents, or they could not be read
         FILE_TOO_LARGE = -4,  ///< larger than an outgoing message may be
     };
@@ -39,7 +39,7 @@ public:
 
     /// Reads a whole file into `data`; with `checkSize` only one that is not larger than
     /// MMS_UTIL_Setting::getMaxiumMOMMSSize() kilobytes. Gives a FILE_STATUS; `data` is left as it
-    /// was on -1, -2 and -4.
+    /// was on every failure.
     static int getQByteArraySrcByFileName(QArray<char>& data, const QString& fileName, bool checkSize);
 
     /// Reads the wall clock and gives its status, 0 on success. Prints nothing; the arguments are
