@@ -81,6 +81,7 @@ TEST(Memory, StaysWithinThePayloads) {
         {"a picture within sixteen bodies", nested('\1' + entry("\x9E", QByteArray(size, 'x'))), size, 0},
         {"an announced length without data", '\1' + uintvar(1) + uintvar(size) + "\x9E", 0, 0},
         {"a text that grows threefold", text("02 08 CC", "\x80"), size, 0},
+        {"a text that grows a little", text("02 08 CC", "123456789\x80"), size, 0},
         {"a text in ISO-2022-KR", text("A5", "\x0E\x30\x21\x0F"), size, 0},
         {"a text in UTF-32", text("02 03 F9", QByteArray("x\0\0\0", 4)), size, 0},
         {"a text in UTF-16", text("02 03 F7", QByteArray("\x4E\x00", 2)), size, 0},

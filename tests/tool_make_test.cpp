@@ -91,6 +91,8 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.constData();
         EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << cause;
     }
+    ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // neither is a device replaced
+    EXPECT_EQ(lummms({"compose", "-o", path("null"), "--to", "1", "--slide", "5", "text:a"}).status, 2);
     write("m.mms", "before");
     EXPECT_EQ(
         lummms({"compose", "-o", path("m.mms"), "--to", "1", "--slide", "5", "text:" + QString(2000, 'x')},

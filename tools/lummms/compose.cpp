@@ -17,7 +17,6 @@
 
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QUuid>
 
 #include <limits>
@@ -276,11 +275,9 @@ bool Composer::writeMessage(const QString& path) {
                                    : explained(codecResultWords, "result", result));
     if (length + body.size() > largestMessage())
         return refuseSize(path, length + body.size());
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(reinterpret_cast<char*>(octets), length) != length ||
-        file.write(body.data(), body.size()) != body.size() || !file.commit())
-        return refuse(path, file.errorString());
-    return true;
+    QString cause;
+    const QByteArray message = QByteArray(reinterpret_cast<char*>(octets), length) + body;
+    return saveFile(path, message, cause) || refuse(path, cause);
 }
 
 bool Composer::compose(const CommandLine& line) {

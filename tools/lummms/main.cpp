@@ -23,9 +23,11 @@ QString overview(const QList<Command>& commands) {
     return text +
            QStringLiteral("  help      Shows this text, or with a command's name the help of that "
                           "command.\n\n"
-                          "lummms COMMAND --help tells all about a command.\n\n"
+                          "lummms COMMAND --help tells all about a command, lummms --version the "
+                          "version.\n\n"
                           "Exit status: 0 done; 1 the input is malformed, what could be read was still "
-                          "used;\n2 wrong usage, or a file that cannot be read or written.\n");
+                          "used;\n2 wrong usage, a file that cannot be read or written, or nothing to make "
+                          "one of.\n");
 }
 
 /// An option as it is typed: "-o, --output FILE".
@@ -127,6 +129,10 @@ int runNamed(QStringList arguments) {
     if (wantsHelp) {
         name = arguments.first();
         arguments = {QStringLiteral("--help")};
+    }
+    if (name == QLatin1String("--version")) {
+        print(QStringLiteral("lummms " LUM_VERSION "\n"));
+        return EXIT_DONE;
     }
     for (const Command& command : commands)
         if (command.name == name)

@@ -10,7 +10,6 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QSaveFile>
 
 #include <clocale>
 #include <cstring>
@@ -31,14 +30,11 @@ void prepareSurroundings() {
 }
 
 int save(const QString& output, const QByteArray& octets) {
-    QSaveFile file(output);
-    if (octets.isEmpty() || !file.open(QIODevice::WriteOnly) || file.write(octets) != octets.size() ||
-        !file.commit()) {
-        complain(output,
-                 octets.isEmpty() ? QStringLiteral("the picture cannot be made") : file.errorString());
-        return EXIT_UNUSABLE;
-    }
-    return EXIT_DONE;
+    QString cause = QStringLiteral("the picture cannot be made");
+    if (!octets.isEmpty() && saveFile(output, octets, cause))
+        return EXIT_DONE;
+    complain(output, cause);
+    return EXIT_UNUSABLE;
 }
 
 int render(const CommandLine& line) {

@@ -19,6 +19,7 @@
 namespace {
 
 constexpr int PICTURE_MEGABYTES = 64;     // a small file may announce a huge picture
+constexpr qsizetype MOST_SCANS = 50;      // of a JPEG; each walks the whole picture, and none needs so many
 constexpr qsizetype WORDS_OCTETS = 20000; // of a text; far more than anybody reads on a slide
 
 /// Formats of pictures that phones send. Others, whatever plug-ins can read, are left alone.
@@ -152,8 +153,10 @@ QImage pictureOf(const MMS_COMP_SMILMultipartBodypart& part, QByteArray* format)
                                      [&found](const char* known) { return found == known; });
     if (format)
         *format = found;
+    if (!isKnown || (found == "jpeg" && octets.count("\xFF\xDA") > MOST_SCANS))
+        return QImage();
     const SilentErrors silent;
-    return isKnown ? reader.read() : QImage();
+    return reader.read();
 }
 
 QString durationLabel(int milliseconds) {

@@ -41,6 +41,9 @@ QString fileNameOf(const MMS_COMP_SMILMultipartBodypart& part) {
         return QString();
     QString base = MMS_COMP_Util::getNoExtName(name);
     const QString extension = name.mid(base.size());
+    if (extension.size() > LONGEST_NAME)
+        return QString();
+    base.truncate(LONGEST_NAME); // the rest goes one by one
     while (!base.isEmpty() && (base + extension).toUtf8().size() > LONGEST_NAME)
         base.chop(base.back().isLowSurrogate() ? 2 : 1);
     return (base + extension).toUtf8().size() > LONGEST_NAME ? QString() : base + extension;
