@@ -10,8 +10,8 @@ class LinearBuffer;
 class LUM_EXPORT AddressBinary {
 public:
     /// A number with the suffix or a text without "@" is of type PLMN. A text with "@" is of type
-    /// EMAIL; "name <address>" is split. CODEC_MALFORMED when the input ends first; `out` then
-    /// holds what was there, if anything was.
+    /// EMAIL; "name <address>" is split before the "<", so that the name keeps its blank. CODEC_MALFORMED
+    /// when the input ends first; `out` then holds what was there, if anything was.
     static unsigned char readFrom(LinearBuffer* buffer, MMS_UTIL_Entry* out);
     /// Writes the address without its display name, with a charset only when it is not plain ASCII.
     /// CODEC_WRITTEN; CODEC_REFUSED, and nothing written, for an address of neither type.

@@ -7,7 +7,9 @@
 ///
 /// Of the parameters "type" and "start" (of a related multipart), "Application-ID",
 /// "Reply-To-Application-ID" and, when reading, "DistributionIndicator" are known; others are passed
-/// over. The value itself is offered as an encoding of its own, too.
+/// over. The media type is read and written as its assigned number alone: one that is spelt out is not
+/// understood, and one without a number goes out as 0xFF. The value itself is offered as an encoding of
+/// its own, too.
 class LUM_EXPORT ContentTypeField final : public FieldBase {
 public:
     /// The value of one parameter in a parameter text: what follows "type=" up to the next ";". A null

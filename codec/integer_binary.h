@@ -14,7 +14,7 @@ class LinearBuffer;
 /// significant first).
 class LUM_EXPORT IntegerBinary {
 public:
-    /// Any count from 1 to 127 is taken; the value is the last four octets as an unsigned number.
+    /// Any count up to 127 is taken, 0 giving 0; the value is the last four octets as an unsigned number.
     static unsigned char readFrom(LinearBuffer* buffer, int* out);
     /// Short up to 127 (of a negative value the low seven bits), long above.
     static unsigned char writeTo(LinearBuffer* buffer, int value);

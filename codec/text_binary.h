@@ -14,17 +14,20 @@ public:
     /// the input ends before the closing zero; `out` then holds what was there.
     static unsigned char readFrom(LinearBuffer* buffer, QString* out);
     /// Writes UTF-8, so text beyond ASCII is not read back as it was: deliberately, since senders
-    /// put Latin-1 on the air and receivers expect UTF-8. Answers CODEC_WRITTEN.
+    /// put Latin-1 on the air and receivers expect UTF-8. A zero inside ends the text. Answers
+    /// CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, const QString& text);
     /// Octets that writeTo() writes.
     static int sizeOf(const QString& text);
 };
 
-/// Encoded-string-value (MMS encapsulation, section 7.2.9): a Text-string, or a length, a charset
-/// and the text in that charset.
+/// Encoded-string-value (MMS encapsulation, WAP-209, section 7.2.9): a Text-string, or a length, a
+/// charset and a text.
 class LUM_EXPORT EncodedStringBinary {
 public:
-    /// CODEC_MALFORMED when the input ends first or the length is smaller than its charset.
+    /// Text with the charset UTF-8 in its long form (01 EA) is read as UTF-8, with any other charset,
+    /// the short form included, as the locale's 8-bit text. CODEC_MALFORMED when the input ends first or
+    /// the length is smaller than its charset.
     static unsigned char readFrom(LinearBuffer* buffer, QString* out);
     /// Always writes the form with length and charset, in UTF-8. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, const QString& text);

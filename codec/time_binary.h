@@ -27,7 +27,7 @@ public:
     static int sizeOf(const QDateTime& time);
 };
 
-/// A time as Delivery-Time and Expiry have it (MMS encapsulation, sections 7.2.7 and 7.2.8): a
+/// A time as Delivery-Time and Expiry have it (MMS encapsulation, WAP-209, sections 7.2.7 and 7.2.10): a
 /// Value-length, a token (128 absolute, 129 relative) and seconds.
 class LUM_EXPORT TimeBinary {
 public:

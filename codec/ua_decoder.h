@@ -12,10 +12,13 @@ public:
     /// been read, and sets the message's bodyStart and bodyLength to what follows. The octets stay
     /// the caller's and are needed as long as bodyStart is used.
     ///
+    /// Fields are added to what the message has already, recipients to its lists. A field whose code is
+    /// not known, or that is given by its name, is passed over as two texts up to their zeros, which may
+    /// take its neighbours with it. `length` is not changed.
+    ///
     /// CODEC_READ; CODEC_NO_MESSAGE when `msg` is null; CODEC_MALFORMED when the input ends inside a
-    /// field or has a field that is not known: the message keeps the fields read by then and has no
-    /// body. Whether mandatory fields are there and in order is for the message to tell
-    /// (MMS_UA_UAMsg::mandatoryFldsPresentInPDU(), pduOrderCheck()).
+    /// field: the message keeps the fields read by then and has no body. Whether mandatory fields are there
+    /// and in order is for the message to tell (MMS_UA_UAMsg::mandatoryFldsPresentInPDU(), pduOrderCheck()).
     unsigned char decodeHeader(unsigned char* data, unsigned int& length, MMS_UA_UAMsg* msg);
 
     /// A new codec for a field code, which the caller deletes; null for a code that has none.

@@ -14,9 +14,11 @@ public:
     /// Encodes the header into a new array of exactly its size, stored with that size in `*out` and
     /// `*outLength`; the caller deletes it with `delete[]`.
     ///
-    /// The result of the last field: CODEC_WRITTEN, or CODEC_REFUSED for an address that cannot be
-    /// sent. CODEC_WRITTEN and no octets for a type outside 128 to 134. CODEC_NO_MESSAGE without a
-    /// message, CODEC_REFUSED without memory for the octets: nothing is stored then.
+    /// The result of the last field, whose order no address ends: CODEC_WRITTEN. A recipient that
+    /// AddressBinary refuses is therefore not told here, and leaves its bare field code in the header,
+    /// which nobody can read then: give addresses of the types PLMN and EMAIL only. CODEC_WRITTEN and
+    /// no octets for a type outside 128 to 134. CODEC_NO_MESSAGE without a message, CODEC_REFUSED
+    /// without memory for the octets: nothing is stored then.
     unsigned char encodeHeader(MMS_UA_UAMsg* msg, unsigned char** out, int* outLength);
 
     /// Octets that encodeHeader() writes for the message; 0 for a type outside 128 to 134.

@@ -9,7 +9,7 @@
 ///
 /// The setters of the base mark their field as present; a setter given nothing (an empty text, entry
 /// or list, a null time, a content type without a type) changes nothing. The fields that are public
-/// data mark nothing: who builds a message sets the member and calls markPresent().
+/// data mark nothing, nor does setMsgSize(): who builds a message sets the value and calls markPresent().
 class LUM_EXPORT MMS_UA_UAMsg : public MMS_UTIL_MsgHeaderBase {
 public:
     MMS_UA_UAMsg();
@@ -82,7 +82,9 @@ public:
     /// types that need none.
     bool mandatoryFldsPresentInPDU() const;
     /// Whether a decoded message has Message-Type, Transaction-Id and MMS-Version in front in this
-    /// order (absent ones left out) and Content-Type, if it has one, at the end.
+    /// order (absent ones left out) and Content-Type, if it has one, at the end. Places are compared with
+    /// the number of fields, so a field that returns after others, or one given by its name, makes it
+    /// false.
     bool pduOrderCheck() const;
 
     unsigned int present = 0;           ///< bit (code - 1) of each field that is set; see presenceBit()

@@ -15,8 +15,11 @@ class QDataStream;
 class RecordReader;
 class RecordWriter;
 
-/// One part of a message body: its MIME headers, its payload, and its sub-bodies when it is itself
-/// a multipart.
+/// One part of a message body: its MIME headers, its payload, and its sub-bodies when it was received as
+/// a body within the body.
+///
+/// Type, charset, Content-Location, Content-ID and payload travel with a message; the rest is for the
+/// phone and its records.
 ///
 /// The set operations of the plain fields answer 0, always. A part that is deleted leaves the
 /// container or part that holds it.
@@ -33,8 +36,8 @@ public:
 
     /// Values of getDispFileType() that this library knows.
     enum DISP_FILE_TYPE : int {
-        PRESENTATION_PART = 0, ///< the SMIL text
-        ORDINARY_PART = 1,     ///< media and attachments
+        PRESENTATION_PART = 0, ///< the SMIL text, and what a slide shows
+        ORDINARY_PART = 1,     ///< what no slide shows: attachments
     };
 
     /// Returned by setBodyData() when there is no memory for the payload.
@@ -48,7 +51,8 @@ public:
     /// Deletes the sub-bodies, leaves the owner and empties every BodypartLink to this part.
     ~MMS_COMP_SMILMultipartBodypart();
 
-    /// A number that belongs to the caller, apart from DISP_FILE_TYPE; 1 in a new part.
+    /// A DISP_FILE_TYPE, which media objects and containers set as they refer to the part, or a number of
+    /// the caller's; 1 in a new part.
     int getDispFileType() const { return dispFileType_; }
     /// Sets the number.
     int setDispFileType(int type);
@@ -63,9 +67,10 @@ public:
     int setContentType(const QString& type);
     /// MIME sub-type alone, such as "jpeg".
     QString getSubType() const { return subType_; }
-    /// Name of the charset of a text, such as "utf-8"; empty when none was given.
+    /// Name of the charset of a text; empty in a new part and in one that was received.
     QString getCharset() const { return charset_; }
-    /// Sets the name of the charset.
+    /// Sets the name of the charset. A text without one is sent as UTF-8, which payloads are in; one with
+    /// any, "utf-8" included, is sent as US-ASCII.
     int setCharset(const QString& charset);
     /// Content-Description.
     QString getDescription() const { return description_; }
@@ -166,8 +171,9 @@ public:
     int getSubBodyCount() const { return subBodies_.count(); }
     /// The i-th sub-body, or null when out of range. It stays the part's.
     MMS_COMP_SMILMultipartBodypart* getSubBody(unsigned int i) const;
-    /// Takes `part` over as sub-body number `index`, or as the last one for any index at which there
-    /// is none yet. False, and the caller keeps it, for null and for a part that holds this one.
+    /// Takes `part` over as sub-body number `index`, before the one that was there, or as the last one
+    /// for any index at which there is none yet. False, and the caller keeps it, for null and for a part that
+    /// holds this one.
     bool setSubBody(MMS_COMP_SMILMultipartBodypart* part, int index);
     /// Deletes the i-th sub-body; false when out of range.
     bool rmSubBody(unsigned int i);

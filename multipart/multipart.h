@@ -86,7 +86,8 @@ public:
     QString createUniqueAttchmentLocation(const QString& extension) const;
 
     /// The presentation part, which stays the container's, or null. In a related body without a
-    /// usable start parameter that is a first part of type "application/smil", which gets marked.
+    /// usable start parameter that is a first part of type "application/smil", which gets marked. (Related
+    /// is what setMimeType() says; reading a message leaves that as it is in a new container, related.)
     MMS_COMP_SMILMultipartBodypart* getSmilPart();
 
     /// Attachments are the ordinary parts of a related body, or all parts of any other.

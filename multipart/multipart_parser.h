@@ -36,8 +36,9 @@ public:
     static int handleErr(unsigned char code);
 
     /// Decodes a message body into `body`, settles its presentation part, and gives every part a
-    /// Content-Location. 0, or a STATUS with the parts before the malformed one; a container that has
-    /// a boundary, of a textual multipart, is left alone.
+    /// Content-Location. 0, or a STATUS with the parts before the malformed one, as they were received;
+    /// a container that has a boundary, of a textual multipart, is left alone. Whether the body is a
+    /// multipart at all, the header's content type tells the caller; other octets end in ERR_MALFORMED.
     static int parse(const QArray<char>& data, MMS_UTIL_MsgHeaderBase* header, MMS_COMP_SMILMultipart* body);
 
     /// Gives every part without a Content-Location a new one, and every part without a display file
@@ -46,6 +47,9 @@ public:
 
     /// The container as message body, its content type written into the header. The null array, and
     /// an unchanged header, on failure. `*status` is set to 0 or the STATUS.
+    ///
+    /// What MMS_UA_MultiPart_CODEC says of parts that cannot be sent holds here, too: the caller sees to
+    /// it that there are no sub-bodies, and no more than 255 parts.
     static QArray<char> assembleBody(MMS_COMP_SMILMultipart* body, MMS_UTIL_MsgHeaderBase* header,
                                      int* status = nullptr);
 };

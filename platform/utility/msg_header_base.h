@@ -64,9 +64,9 @@ public:
 
     /// Sets the subject.
     virtual void setSubject(QString subject);
-    /// Sets the Date, in local time.
+    /// Sets the Date. What counts is the clock reading, taken as local time, whatever the time's zone.
     virtual void setSendTime(QDateTime time);
-    /// Sets the earliest time of delivery, in local time.
+    /// Sets the earliest time of delivery, a clock reading likewise.
     virtual void setDeliveryTime(QDateTime time);
     /// Seconds, counted from now, after which the message may be dropped.
     virtual void setExpireTime(unsigned int seconds);
@@ -84,7 +84,7 @@ public:
     virtual void setReadReplyNecessity(bool on);
     /// The Content-Location from which the message can be fetched.
     virtual void setMsgURI(QString uri);
-    /// The same as setSendTime() with the present moment in local time. Looking the time zone up takes
+    /// Stores the present moment as the send time, and marks nothing. Looking the time zone up takes
     /// longer than reading a header does; here it is left to getSendTime().
     void setSendTimeToNow();
     /// A hook for debugging; prints nothing.
@@ -120,7 +120,7 @@ public:
     bool getReadReplyNecessity() const { return readReply_; }
     /// The Message-Size in octets.
     int getMsgSize() const { return msgSize_; }
-    /// Sets the Message-Size in octets.
+    /// Sets the Message-Size in octets. No derived class marks it.
     void setMsgSize(int octets) { msgSize_ = octets; }
     /// The FLAG bits.
     unsigned int getFlags() const { return flags_; }

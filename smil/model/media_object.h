@@ -50,7 +50,8 @@ public:
     QString getSrc() const { return src_; }
     /// The id of the region in which the object is shown.
     QString getRegionId() const { return regionId_; }
-    /// The MIME type of the content, "type/sub-type".
+    /// A MIME type that the caller keeps here, and the record; for that of the content see
+    /// getData()->getMimeFormat().
     QString getMimeType() const { return mimeType_; }
     /// The alternative text.
     QString getAlt() const { return alt_; }
@@ -116,12 +117,14 @@ public:
     int setObjectElem(QDomElement* element, MMS_COMP_SMILMultipart* multipart);
     /// Gives the object content: a body part with these octets, made if the object has none and then
     /// appended to `multipart`, which also becomes the object's container. Without a container the
-    /// object owns the part it makes. False when no part can be made.
+    /// object owns the part it makes. A part that other objects share changes for all of them. False when
+    /// no part can be made.
     bool setData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
                  const QString& subType, const QArray<char>& bytes, MMS_COMP_SMILMultipart* multipart);
     /// Copies this object into `target`, whose content is the presentation part or linked part of
-    /// `multipart` that the `src` names. False, with the target partly filled, if there is none; false
-    /// too when an argument is null or the target is this object.
+    /// `multipart` that the `src` names; its reference count is left alone. The copy begins when this
+    /// object ends, and keeps the end that it has. False, with the target partly filled, if there is none;
+    /// false too when an argument is null or the target is this object.
     bool copyTo(MMS_COMP_SMILMediaObject* target, MMS_COMP_SMILMultipart* multipart) const;
     /// Lets go of the body part. The container drops one reference to it, deleting the part with the
     /// last; without a container, or if the part is this object's own, it is deleted.

@@ -34,8 +34,8 @@ private:
 };
 
 /// A SMIL presentation: layout, meta entries and slides. It owns all three; the container whose body
-/// parts hold the content is not owned and must outlive the document or be replaced with
-/// setMultiPart().
+/// parts hold the content is not owned and must outlive the document, or be replaced with setMultiPart() of
+/// the document, its slides and their media objects.
 class LUM_EXPORT MMS_COMP_SMILData {
 public:
     /// An empty presentation with the default root layout. `multipart` may be null.

@@ -15,8 +15,8 @@ class QDataStream;
 ///
 /// The slide is the list of its media objects, in order, and owns them. canBeInserted() and
 /// updateData() keep it to one text, one image or video and one audio; `ref` objects are not limited.
-/// The container of the body parts is not owned: it must outlive the slide or be replaced with
-/// setMultiPart().
+/// The container of the body parts is not owned: it must outlive the slide, or be replaced with
+/// setMultiPart() of the slide and of each of its objects.
 class LUM_EXPORT MMS_COMP_SMILTimingContainer : public QPtrList<MMS_COMP_SMILMediaObject> {
 public:
     /// An empty slide of 5000 milliseconds. `multipart` may be null.
@@ -105,8 +105,9 @@ public:
 
     /// Puts content into the slide: into the object of that kind (an image and a video share one
     /// place), or a new one. A new text goes to the end if it is shown below the image, else before the
-    /// image; a new image goes before a text shown below it, else to the end. False when an object
-    /// cannot be made.
+    /// image; a new image goes before a text shown below it, else to the end. A part that other slides
+    /// share changes for all of them, see MMS_COMP_SMILMediaObject::setData(). False when an object cannot
+    /// be made.
     bool updateData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
                     const QString& subType, const QArray<char>& bytes, bool textBelowImage,
                     MMS_COMP_SMILMultipart* multipart);

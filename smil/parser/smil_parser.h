@@ -41,7 +41,8 @@ public:
 
     /// Reads the UTF-8 text `smil` into `data`, binds its media objects to the parts of `body` and
     /// normalises the layout with updateToVarnelioRegion(). What stands before "<smil" is passed over,
-    /// one closing zero octet is ignored, and a second copy of a standard region is dropped.
+    /// one closing zero octet is ignored, and a second copy of a standard region is dropped. What is read
+    /// is added to what the document has.
     /// Without a `body` no media object has content, so none is added.
     int parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     /// The same for the file at `path`, whose text must be an XML document as it stands.
@@ -90,15 +91,16 @@ public:
     /// relative to another element, as in "id(a)(begin)", "id(a)(end)" or "id(a)(2s)". An empty text
     /// sets type 2, an unreadable one type 3. A missing `time` is ignored.
     static void parseTime(const QString& text, MMS_COMP_SMIL_TIME* time);
-    /// Reads a colour into `color`: one of sixteen names, "#rrggbb", or "#rgb" whose digits are the
-    /// components themselves ("#fff" is 15, 15, 15). The outcome is the record's kind: 0 for an empty
+    /// Reads a colour into `color`: one of sixteen names in lower case, "#rrggbb", or "#rgb" whose digits are
+    /// the components themselves ("#fff" is 15, 15, 15). The outcome is the record's kind: 0 for an empty
     /// text, 1 named, 2 numeric, 3 unreadable.
     static void parseColor(const QString& text, MMS_COMP_COLOR& color);
 
     /// Gives the document the phone's two regions, "text" above "image", and moves the media objects'
     /// references along. 1 when done, 0 without a document. Two regions are told apart by their places,
     /// never by their names: run on its own result, as when a written presentation is read, it may move
-    /// the region of a layout that had one only, and exchange two of which "image" is listed first.
+    /// the region of a layout that had one only, and exchange two of which "image" is listed first. Of three
+    /// and more regions two are renamed and none is moved.
     static int updateToVarnelioRegion(MMS_COMP_SMILData* data);
     /// Makes the root layout 120 wide and 160 high, or creates it so. Not part of parse(): call it
     /// before composing a new presentation.
@@ -107,7 +109,7 @@ public:
     static void updateObjectRegionId(MMS_COMP_SMILData* data, const QString& oldId, const QString& newId);
 
     /// The document as SMIL text; empty without a document. Values are copied as they are, so a
-    /// quote or "<" in one gives a text that cannot be read, and so does a background colour.
+    /// quote, "<" or "&" in one gives a text that cannot be read, and so does a background colour.
     static QString convertToSMILLang(MMS_COMP_SMILData* data);
 
 private:

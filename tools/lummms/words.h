@@ -10,7 +10,7 @@ struct Word {
     const char* text;
 };
 
-/// The octets of header fields (MMS encapsulation, section 7.2).
+/// The octets of header fields (MMS encapsulation, WAP-209, section 7.2).
 extern const std::span<const Word> messageClassWords;
 extern const std::span<const Word> priorityWords;
 extern const std::span<const Word> statusWords;
