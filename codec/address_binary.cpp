@@ -16,6 +16,12 @@ QString wireText(const MMS_UTIL_Entry& entry) {
     return entry.getType() == MMS_UTIL_Entry::PLMN ? entry.getAddress() + phoneSuffix : entry.getAddress();
 }
 
+/// Whether a text can go out as a Text-string. A receiver takes a first octet below 32 for the length of
+/// the other form, and what stands behind so many octets for further headers.
+bool isTextString(const QString& text) {
+    return isAscii(text) && (text.isEmpty() || text.front() >= u' ');
+}
+
 /// Where the text says that it is a phone number, or -1. Most addresses have one "/" at the most, which
 /// is found sooner than the whole suffix.
 qsizetype findPhoneSuffix(const QString& text) {
@@ -52,13 +58,13 @@ unsigned char AddressBinary::writeTo(LinearBuffer* buffer, const MMS_UTIL_Entry&
     if (!canBeSent(entry))
         return CODEC_REFUSED;
     const QString text = wireText(entry);
-    return isAscii(text) ? PlainTextBinary::writeTo(buffer, text)
-                         : EncodedStringBinary::writeTo(buffer, text);
+    return isTextString(text) ? PlainTextBinary::writeTo(buffer, text)
+                              : EncodedStringBinary::writeTo(buffer, text);
 }
 
 int AddressBinary::sizeOf(const MMS_UTIL_Entry& entry) {
     if (!canBeSent(entry))
         return 0;
     const QString text = wireText(entry);
-    return isAscii(text) ? PlainTextBinary::sizeOf(text) : EncodedStringBinary::sizeOf(text);
+    return isTextString(text) ? PlainTextBinary::sizeOf(text) : EncodedStringBinary::sizeOf(text);
 }

@@ -197,6 +197,7 @@ TEST(Addresses, ReadAndWritten) {
     }
     check(MMS_UTIL_Entry("", 0, QStringLiteral("\u00e9@b")), octets("07 EA 7F C3 A9 40 62 00"),
           CODEC_WRITTEN);
+    check(MMS_UTIL_Entry("", 0, "\x01@"), octets("04 EA 01 40 00"), CODEC_WRITTEN); // 1 would be a length
     check(MMS_UTIL_Entry("", 2, "x"), "", CODEC_REFUSED);
 }
 
