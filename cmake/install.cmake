@@ -53,6 +53,6 @@ if(LUM_BUILD_TOOLS)
     install(TARGETS lummms DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
     add_custom_command(OUTPUT lummms.1.gz DEPENDS docs/lummms.1 VERBATIM
                        COMMAND gzip -9nc ${CMAKE_CURRENT_SOURCE_DIR}/docs/lummms.1 > lummms.1.gz)
-    add_custom_target(manual ALL DEPENDS lummms.1.gz)
+    add_custom_target(lummms_manual ALL DEPENDS lummms.1.gz)
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/lummms.1.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tools)
 endif()

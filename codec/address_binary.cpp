@@ -13,7 +13,8 @@ bool canBeSent(const MMS_UTIL_Entry& entry) {
 }
 
 QString wireText(const MMS_UTIL_Entry& entry) {
-    return entry.getType() == MMS_UTIL_Entry::PLMN ? entry.getAddress() + phoneSuffix : entry.getAddress();
+    const QString address = upToZero(entry.getAddress()).toString();
+    return entry.getType() == MMS_UTIL_Entry::PLMN ? address + phoneSuffix : address;
 }
 
 /// Whether a text can go out as a Text-string. A receiver takes a first octet below 32 for the length of

@@ -38,7 +38,8 @@ QString valueOf(const QString& params, const QString& key) {
 }
 
 int utf8Size(const QString& text) {
-    return static_cast<int>(isAscii(text) ? text.size() : text.toUtf8().size());
+    const QStringView sent = upToZero(text);
+    return static_cast<int>(isAscii(sent) ? sent.size() : sent.toUtf8().size());
 }
 
 /// A content type as it goes on the wire.

@@ -15,13 +15,6 @@ namespace {
 constexpr unsigned char quote = 127;
 constexpr int utf8Mib = 106;
 
-/// What a Text-string can hold of a text: a zero inside would end it, and what follows be read as the
-/// next header. A sender could so add recipients to the reply that he gets.
-QStringView upToZero(QStringView text) {
-    const qsizetype zero = text.indexOf(QChar(0));
-    return zero < 0 ? text : text.first(zero);
-}
-
 /// A text as the octets that stand on the wire, without the closing zero. ASCII, as most of a header
 /// is, goes there straight from the text.
 class WireText {
@@ -73,6 +66,7 @@ unsigned char PlainTextBinary::readFrom(LinearBuffer* buffer, QString* out) {
 }
 
 unsigned char PlainTextBinary::writeTo(LinearBuffer* buffer, const QString& text) {
+    // what stands behind a zero would be read as the next header: a sender could add recipients to the reply
     WireText(upToZero(text)).appendTo(buffer);
     return CODEC_WRITTEN;
 }

@@ -14,7 +14,7 @@ public:
     /// Encodes the header into a new array of exactly its size, stored with that size in `*out` and
     /// `*outLength`; the caller deletes it with `delete[]`.
     ///
-    /// The result of the last field, whose order no address ends: CODEC_WRITTEN. A recipient that
+    /// The result of the last field, which is never an address: CODEC_WRITTEN. A recipient that
     /// AddressBinary refuses is therefore not told here, and leaves its bare field code in the header,
     /// which nobody can read then: give addresses of the types PLMN and EMAIL only. CODEC_WRITTEN and
     /// no octets for a type outside 128 to 134. CODEC_NO_MESSAGE without a message, CODEC_REFUSED

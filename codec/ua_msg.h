@@ -83,7 +83,7 @@ public:
     bool mandatoryFldsPresentInPDU() const;
     /// Whether a decoded message has Message-Type, Transaction-Id and MMS-Version in front in this
     /// order (absent ones left out) and Content-Type, if it has one, at the end. Places are compared with
-    /// the number of fields, so a field that returns after others, or one given by its name, makes it
+    /// the number of fields, so a field that returns after others, or the distribution indicator, makes it
     /// false.
     bool pduOrderCheck() const;
 

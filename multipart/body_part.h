@@ -69,7 +69,7 @@ public:
     QString getSubType() const { return subType_; }
     /// Name of the charset of a text; empty in a new part and in one that was received.
     QString getCharset() const { return charset_; }
-    /// Sets the name of the charset. A text without one is sent as UTF-8, which payloads are in; one with
+    /// Sets the name of the charset. Plain text without one is sent as UTF-8, which payloads are in; one with
     /// any, "utf-8" included, is sent as US-ASCII.
     int setCharset(const QString& charset);
     /// Content-Description.

@@ -20,11 +20,12 @@ public:
 ///
 /// Of a part its type, name, Content-ID and payload are sent. The length in front of it counts its
 /// sub-bodies, which are not sent themselves, so that a body with any cannot be read again: they are for
-/// parts that were received. The number of parts is sent as an octet, the lowest of it beyond 255.
+/// parts that were received. The number of parts is sent as one octet; of more than 255, the lowest eight
+/// bits.
 ///
-/// A received payload whose type names a charset is stored as UTF-8, up to its first zero, and the name of
-/// the charset is not kept. Bodies within the body are opened when their type is the media number 0x48;
-/// the payload of any other multipart stays as it is.
+/// A received payload whose type names a charset that is known, other than UTF-8, is stored as UTF-8, up to
+/// its first zero; the name of the charset is not kept. Bodies within the body are opened when their type is
+/// the media number 0x48 and has no boundary; the payload of any other multipart stays as it is.
 ///
 /// Nothing is rolled back on failure. The bool arguments are not used. Missing arguments give
 /// CODEC_REFUSED when encoding and CODEC_MALFORMED when decoding.

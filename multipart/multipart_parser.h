@@ -38,7 +38,8 @@ public:
     /// Decodes a message body into `body`, settles its presentation part, and gives every part a
     /// Content-Location. 0, or a STATUS with the parts before the malformed one, as they were received;
     /// a container that has a boundary, of a textual multipart, is left alone. Whether the body is a
-    /// multipart at all, the header's content type tells the caller; other octets end in ERR_MALFORMED.
+    /// multipart at all, the header's content type tells the caller; other octets end in ERR_MALFORMED, or
+    /// are taken for parts.
     static int parse(const QArray<char>& data, MMS_UTIL_MsgHeaderBase* header, MMS_COMP_SMILMultipart* body);
 
     /// Gives every part without a Content-Location a new one, and every part without a display file

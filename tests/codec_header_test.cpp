@@ -248,6 +248,13 @@ TEST(Encoder, ValuesOfFields) {
     EXPECT_EQ(MMS_UA_Encoder().encodeHeader(nullptr, nullptr, nullptr), CODEC_NO_MESSAGE);
     for (const int code : {INT_MIN, -1, 0, 25, 50, 300})
         EXPECT_TRUE(!MMS_UA_Decoder().selectReader(code) && !encoder.selectWriter(code)) << code;
+    for (int code = 1; code <= 24; ++code) {
+        const std::unique_ptr<FieldBase> reader(MMS_UA_Decoder().selectReader(code));
+        const std::unique_ptr<FieldBase> writer(encoder.selectWriter(code));
+        EXPECT_TRUE(reader && writer) << code;
+    }
+    EXPECT_TRUE(std::unique_ptr<FieldBase>(MMS_UA_Decoder().selectReader(FIELD_DISTRIBUTION_INDICATOR)));
+    EXPECT_FALSE(encoder.selectWriter(FIELD_DISTRIBUTION_INDICATOR));
 }
 
 TEST(Encoder, OrderOfEachTypeAndBackAgain) {

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
@@ -45,6 +46,20 @@ TEST(Examples, composeReadAndEdit) {
               "from \"\" subject \"Re: Holidays\"\n"
               "slide 1 \"Back again\"\n");
     EXPECT_EQ(run(folder, "read_message", {"sea.jpg", "seen"}, 1), "") << "no message";
+    EXPECT_EQ(run(folder, "edit_message", {"sea.jpg", "text", "new.mms"}, 1), "");
+    EXPECT_EQ(run(folder, "compose_message", {"missing.jpg", "new.mms"}, 2), "");
+}
+
+TEST(Readme, namesEveryOptionAndCommand) {
+    const QByteArray readme = contents(QString(SOURCES) + "/README.md");
+    const QByteArray text =
+        contents(QString(SOURCES) + "/CMakeLists.txt") + contents(QString(SOURCES) + "/dev");
+    const QRegularExpression names("^(?:option\\(|set\\()?(LUM_\\w+|\\./dev \\w+)",
+                                   QRegularExpression::MultilineOption);
+    for (auto found = names.globalMatch(text); found.hasNext();) {
+        const QByteArray name = found.next().captured(1).toUtf8();
+        EXPECT_TRUE(readme.contains("| `" + name)) << name.constData();
+    }
 }
 
 TEST(Examples, standInTheReadme) {

@@ -103,6 +103,8 @@ TEST(Lifetime, PartsMoveBetweenOwners) {
     Part* last = new Part;
     EXPECT_TRUE(picture->setSubBody(last, 5) && r.part(0)->setSubBody(last, 5));
     EXPECT_EQ(r.part(0)->getSubBody(1), last);
+    EXPECT_TRUE(r.part(0)->setSubBody(last, 0));
+    EXPECT_EQ(r.part(0)->getSubBody(1), picture);
     EXPECT_FALSE(last->setSubBody(nullptr, 0) || last->rmSubBody(0) || last->rmSubBody(~0u));
     EXPECT_EQ(second.getPartCount(), 0);
     delete r.part(0);

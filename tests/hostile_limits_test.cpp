@@ -72,6 +72,11 @@ TEST(Limits, Names) {
         EXPECT_EQ(container.isPartExist(QString(length, 'n')), length == 100);
         EXPECT_EQ(data.isElemNameExist(QString(length, 'n')), length == 100);
     }
+    for (const QString& name : {QString(5000, 'n'), "n." + QString(5000, 'x')}) {
+        addPart(container, container.createUniqueLocation(name));
+        EXPECT_FALSE(container.isPartExist(container.createUniqueLocation(name)));
+        EXPECT_FALSE(data.isElemNameExist(data.createUniqueSrc(name)));
+    }
 }
 
 TEST(Limits, IndicesAreChecked) {

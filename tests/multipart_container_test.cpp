@@ -59,6 +59,11 @@ TEST(Multipart, SharedPartsLoseReferencesFirst) {
     EXPECT_EQ(body.getBodypartByIndex(1, false)->getRefCount(), 1);
     EXPECT_EQ(body.deletePartBySrc("x"), 0);
     EXPECT_EQ(order(body), "y");
+    Part *named = addPart(body, " <cid:A> "), *other = addPart(body, "b");
+    other->setContentID("<a>");
+    EXPECT_EQ(body.deletePartLike(*named), 0); // by either of its names
+    EXPECT_EQ(order(body), "y");
+    EXPECT_EQ(body.deletePartLike(Part()), -22);
 }
 
 TEST(Multipart, UniqueLocations) {

@@ -216,6 +216,14 @@ TEST_F(Reader, DropsOneDuplicateAndNormalises) {
     EXPECT_EQ(received.getRegion(3)->getId(), "o") << "not normalised after a failure";
 }
 
+TEST(Kinds, HaveWordsOfTheirOwn) {
+    const char* words[] = {"audio", "video", "text", "image", "", ""};
+    for (int type = 0; type < 6; ++type) {
+        EXPECT_EQ(Parser::getMimeTypeStr(static_cast<MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE>(type)), words[type]);
+        EXPECT_EQ(Parser::getTypeEnum(words[type]), type < 4 ? type : 5);
+    }
+}
+
 TEST_F(Reader, WithstandsHostileTexts) {
     static int printed;
     printed = 0;

@@ -19,6 +19,16 @@ QByteArray halves(int width, int height) {
     return buffer.data();
 }
 
+/// A picture with so many marks of a further scan behind its end.
+QByteArray scans(int count) {
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPEG");
+    return buffer.data() + QByteArray("\xFF\xDA").repeated(count - 1);
+}
+
 class RenderTest : public ToolTest {
 protected:
     /// Writes a message with that presentation and a few parts, and renders it.
@@ -27,6 +37,7 @@ protected:
             entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil),
             entry(octets("A0"), octets("8E") + zeroed("wide.png"), halves(240, 80)),
             entry(octets("A0"), octets("8E") + zeroed("bad.png"), halves(8, 8).left(40)),
+            entry(octets("9E"), octets("8E") + zeroed("scans.jpg"), scans(51)),
             entry(octets("83 81 EA"), octets("8E") + zeroed("t.txt"),
                   "</p><script>alert(1)</script> & \"more\""),
             entry(zeroed("audio/midi"), octets("8E") + zeroed("s.mid"), "MThd"),
@@ -81,19 +92,20 @@ TEST_F(RenderTest, SlidesStandSideBySideWithTextsAndPlaceholders) {
                                        "<img src=\"bad.png\" region=\"image\"/></par>"
                                        "<par><img src=\"missing.png\" region=\"image\"/>"
                                        "<audio src=\"s.mid\"/></par>"
-                                       "<par><img src=\"w.wbmp\" region=\"image\"/></par>" +
+                                       "<par><img src=\"w.wbmp\" region=\"image\"/></par>"
+                                       "<par><img src=\"scans.jpg\" region=\"image\"/></par>" +
                                        END,
                                    "s.png", {"--scale", "1"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, QByteArray()) << "broken pictures are no error";
     const QImage image(path("s.png"));
-    ASSERT_EQ(image.width(), 3 * 132);
+    ASSERT_EQ(image.width(), 4 * 132);
     int inked = 0;
     for (int y = 2; y < 60; ++y)
         for (int x = 2; x < 118; ++x)
             inked += pixel(image, 0, x, y) != QColor(0, 255, 0);
     EXPECT_GT(inked, 200) << "the text is drawn";
-    for (int slide = 0; slide < 2; ++slide)
+    for (const int slide : {0, 1, 3}) // broken, missing, decoded again and again
         EXPECT_EQ(pixel(image, slide, 20, 180), QColor(238, 238, 238)) << "a placeholder in slide " << slide;
     EXPECT_EQ(pixel(image, 2, 4, 160), QColor(Qt::white));
     EXPECT_EQ(pixel(image, 2, 4, 161), QColor(Qt::black));

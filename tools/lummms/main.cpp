@@ -26,8 +26,8 @@ QString overview(const QList<Command>& commands) {
                           "lummms COMMAND --help tells all about a command, lummms --version the "
                           "version.\n\n"
                           "Exit status: 0 done; 1 the input is malformed, what could be read was still "
-                          "used;\n2 wrong usage, a file that cannot be read or written, or nothing to make "
-                          "one of.\n");
+                          "used;\n2 wrong usage, a file that cannot be read or written, or a message "
+                          "too large or without anything to draw.\n");
 }
 
 /// An option as it is typed: "-o, --output FILE".

@@ -43,7 +43,7 @@ QString fileNameOf(const MMS_COMP_SMILMultipartBodypart& part) {
     const QString extension = name.mid(base.size());
     if (extension.size() > LONGEST_NAME)
         return QString();
-    base.truncate(LONGEST_NAME); // the rest goes one by one
+    base.truncate(LONGEST_NAME + 1); // the rest goes one by one, and with it half of a pair
     while (!base.isEmpty() && (base + extension).toUtf8().size() > LONGEST_NAME)
         base.chop(base.back().isLowSurrogate() ? 2 : 1);
     return (base + extension).toUtf8().size() > LONGEST_NAME ? QString() : base + extension;
