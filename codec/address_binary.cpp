@@ -13,7 +13,8 @@ bool canBeSent(const MMS_UTIL_Entry& entry) {
 }
 
 QString wireText(const MMS_UTIL_Entry& entry) {
-    const QString address = upToZero(entry.getAddress()).toString();
+    QString address = entry.getAddress();
+    address.truncate(upToZero(address).size()); // copies nothing where there is no zero
     return entry.getType() == MMS_UTIL_Entry::PLMN ? address + phoneSuffix : address;
 }
 
