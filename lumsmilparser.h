@@ -41,16 +41,16 @@
 #include "qt2/qarray.h"
 #include "qt2/qcstring.h"
 #include "qt2/qptrlist.h"
-#include "smil/model/color.h"
 #include "smil/model/layout.h"
 #include "smil/model/media_object.h"
 #include "smil/model/media_object_param.h"
 #include "smil/model/presentation.h"
 #include "smil/model/slide.h"
-#include "smil/model/smil_time.h"
 #include "smil/parser/smil_parser.h"
+#include "util/color.h"
 #include "util/mms_comp_util.h"
 #include "util/record_stream.h"
+#include "util/smil_time.h"
 
 // not there in a build without the user interface library
 #if __has_include("platform/ui/message_box.h")

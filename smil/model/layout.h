@@ -2,7 +2,7 @@
 
 #include "platform/export.h"
 #include "qt2/qptrlist.h"
-#include "smil/model/color.h"
+#include "util/color.h"
 
 #include <QString>
 

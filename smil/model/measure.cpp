@@ -1,6 +1,6 @@
 #include "smil/model/measure.h"
 
-#include "smil/model/short_number.h"
+#include "util/short_number.h"
 
 #include <QStringView>
 

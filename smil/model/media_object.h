@@ -6,7 +6,7 @@
 #include "qt2/qarray.h"
 #include "qt2/qptrlist.h"
 #include "smil/model/media_object_param.h"
-#include "smil/model/smil_time.h"
+#include "util/smil_time.h"
 
 #include <QString>
 

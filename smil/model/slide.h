@@ -3,8 +3,8 @@
 #include "platform/export.h"
 #include "qt2/qarray.h"
 #include "qt2/qptrlist.h"
-#include "smil/model/color.h"
 #include "smil/model/media_object.h"
+#include "util/color.h"
 
 #include <QString>
 

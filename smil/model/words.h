@@ -45,6 +45,11 @@ inline constexpr QLatin1String regionFitWords[] = {
     QLatin1String("scroll"), QLatin1String("slice"),
 };
 
+/// The word of a fit; empty for MMS_COMP_SMIL_FIT_OTHER and numbers that are no fit.
+inline QLatin1String fitWord(int fit) {
+    return fit >= 0 && fit < MMS_COMP_SMIL_FIT_OTHER ? regionFitWords[fit] : QLatin1String();
+}
+
 /// The words of MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE likewise; MMS_COMP_SMIL_PARAM_OTHER has none.
 inline constexpr QLatin1String paramTypeWords[] = {
     QLatin1String("data"),

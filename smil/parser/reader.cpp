@@ -8,8 +8,6 @@
 #include <QStringDecoder>
 #include <QXmlStreamReader>
 
-#include <algorithm>
-#include <iterator>
 #include <optional>
 
 namespace {
@@ -30,6 +28,7 @@ constexpr int WARNING_NONE = 0;
 constexpr int WARNING_SKIPPED = 1;
 
 constexpr int BARE_ELEMENT_DURATION = 5000;
+// Containers within containers: reading calls itself for each, and no phone writes more than two.
 constexpr int MAX_TIMING_DEPTH = 10;
 
 // The standard regions letter for letter as the phones of the family write them, and sometimes twice.
@@ -84,22 +83,14 @@ bool isMissing(const QDomElement* element) {
     return !element || element->isNull();
 }
 
-// What a body is made of: the two containers, then the media elements.
-constexpr QLatin1StringView BODY_ELEMENTS[] = {
-    QLatin1StringView("par"), QLatin1StringView("seq"),   QLatin1StringView("text"),
-    QLatin1StringView("img"), QLatin1StringView("audio"), QLatin1StringView("video"),
-    QLatin1StringView("ref"),
-};
-
 bool isPar(QStringView tag) {
-    return tag == BODY_ELEMENTS[0];
+    return tag == QLatin1StringView("par");
 }
 bool isContainer(QStringView tag) {
-    return isPar(tag) || tag == BODY_ELEMENTS[1];
+    return isPar(tag) || tag == QLatin1StringView("seq");
 }
 bool isBodyElement(QStringView tag) {
-    return std::any_of(std::begin(BODY_ELEMENTS), std::end(BODY_ELEMENTS),
-                       [tag](QLatin1StringView known) { return tag == known; });
+    return isContainer(tag) || mediaKindOfTag(tag);
 }
 
 } // namespace

@@ -41,9 +41,9 @@ public:
 
     /// Reads the UTF-8 text `smil` into `data`, binds its media objects to the parts of `body` and
     /// normalises the layout with updateToVarnelioRegion(). What stands before "<smil" is passed over,
-    /// one closing zero octet is ignored, and a second copy of a standard region is dropped. What is read
-    /// is added to what the document has.
-    /// Without a `body` no media object has content, so none is added.
+    /// one closing zero octet is ignored, and the first of two copies of a standard region is dropped. What
+    /// is read is added to what the document has. Without a `body` no media object has content, so none is
+    /// added.
     int parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     /// The same for the file at `path`, whose text must be an XML document as it stands.
     int parse(const QString& path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);

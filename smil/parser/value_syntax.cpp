@@ -1,7 +1,7 @@
-#include "smil/model/color.h"
-#include "smil/model/short_number.h"
-#include "smil/model/smil_time.h"
 #include "smil/parser/smil_parser.h"
+#include "util/color.h"
+#include "util/short_number.h"
+#include "util/smil_time.h"
 
 #include <QStringView>
 

@@ -4,8 +4,6 @@
 
 #include <QStringView>
 
-#include <iterator>
-
 namespace {
 
 constexpr int DURATION_INDEFINITE = -2;
@@ -62,9 +60,8 @@ void writeRegion(Output& out, const MMS_COMP_SMILRegion& region, QStringView uni
     if (!(region.getWidth() < 0.0F))
         out << u"  width=\"" << region.getWidth() << unit;
     out << u" left=\"" << region.getLeft() << unit << u" top=\"" << region.getTop() << unit;
-    const int fit = region.getFit();
-    if (fit >= 0 && fit < static_cast<int>(std::size(regionFitWords)))
-        out << u" fit=\"" << regionFitWords[fit] << u"\"";
+    if (const QLatin1String word = fitWord(region.getFit()); !word.isEmpty())
+        out << u" fit=\"" << word << u"\"";
     out << u" />\n";
 }
 
