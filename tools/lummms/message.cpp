@@ -65,16 +65,25 @@ bool isMultipart(const MMS_CONTENT_TYPE_T& type) {
 }
 
 bool Message::read(const QString& path, QString& cause) {
-    if (!loadFile(path, octets_, cause))
+    QArray<char> octets;
+    if (!loadFile(path, octets, cause))
         return false;
+    read(octets);
+    return true;
+}
+
+void Message::read(const QArray<char>& octets) {
+    octets_ = octets;
     auto length = static_cast<unsigned int>(octets_.size());
     MMS_UA_Decoder decoder;
     result = decoder.decodeHeader(reinterpret_cast<unsigned char*>(octets_.data()), length, &header);
     hasBody = result == CODEC_READ && header.fieldsPresent(presenceBit(FIELD_CONTENT_TYPE)) &&
               isMultipart(header.getContentType());
-    if (hasBody)
-        bodyStatus = MMS_COMP_SMILMultipartParser::parse(bodyOctets(), &header, &body);
-    return true;
+    if (!hasBody)
+        return;
+    QArray<char> received;
+    received.setRawData(reinterpret_cast<const char*>(header.bodyStart), qsizetype(header.bodyLength));
+    bodyStatus = MMS_COMP_SMILMultipartParser::parse(received, &header, &body);
 }
 
 void Message::readPresentation() {
@@ -141,12 +150,4 @@ int Message::verdict(const QString& path) const {
 
 qint64 Message::bodyOffset() const {
     return octets_.size() - static_cast<qint64>(header.bodyLength);
-}
-
-QArray<char> Message::bodyOctets() const {
-    QArray<char> octets;
-    if (header.bodyStart)
-        octets.duplicate(reinterpret_cast<const char*>(header.bodyStart),
-                         static_cast<qsizetype>(header.bodyLength));
-    return octets;
 }

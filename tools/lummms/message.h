@@ -38,6 +38,8 @@ public:
     /// Reads file, header and body. False, with the reason in `cause`, when the file cannot be read;
     /// what is wrong inside the message is kept for causeOfMalformation().
     bool read(const QString& path, QString& cause);
+    /// Reads header and body from octets that are shared with whoever gives them.
+    void read(const QArray<char>& octets);
     /// Reads the presentation, if there is one. The reader marks the parts that it links to slides, so
     /// whoever wants to see the parts as they came looks at them before.
     void readPresentation();
@@ -54,8 +56,6 @@ public:
 
     /// Octets of the header, that is the place of the body in the PDU.
     qint64 bodyOffset() const;
-    /// The body's octets, shared with nobody.
-    QArray<char> bodyOctets() const;
 
     MMS_UA_UAMsg header;
     int result = 0;       ///< the header decoder's

@@ -100,9 +100,9 @@ QString PageWriter::object(const ObjectView& view) {
                QStringLiteral("<video controls data-content=\"%1\"></video>").arg(number);
     if (number < 0)
         return gap(view.name, "no picture");
-    const bool known = view.fit >= 0 && view.fit < MMS_COMP_SMIL_FIT_OTHER;
+    const QLatin1String fit = fitWord(view.fit);
     return QStringLiteral("<img class=\"%1\" data-content=\"%2\" alt=\"%3\">")
-        .arg(known ? QString(regionFitWords[view.fit]) : QStringLiteral("hidden"))
+        .arg(fit.isEmpty() ? fitWord(MMS_COMP_SMIL_FIT_HIDDEN) : fit)
         .arg(number)
         .arg(name);
 }

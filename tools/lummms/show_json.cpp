@@ -181,15 +181,14 @@ QJsonValue rootLayoutJson(const MMS_COMP_SMILRootLayout* layout) {
 }
 
 QJsonObject regionJson(const MMS_COMP_SMILRegion& region) {
-    const int fit = region.getFit();
-    const bool known = fit >= 0 && fit < MMS_COMP_SMIL_FIT_OTHER;
+    const QString fit = fitWord(region.getFit());
     return {
         {"id", region.getId()},
         {"left", double(region.getLeft())},
         {"top", double(region.getTop())},
         {"width", double(region.getWidth())},
         {"height", double(region.getHeight())},
-        {"fit", known ? QString(regionFitWords[fit]) : QStringLiteral("other")},
+        {"fit", fit.isEmpty() ? QStringLiteral("other") : fit},
     };
 }
 

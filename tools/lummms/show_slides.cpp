@@ -62,14 +62,13 @@ QString slideBlock(const Message& message, int number, const MMS_COMP_SMILTiming
 }
 
 QString regionLine(const MMS_COMP_SMILRegion& region, QChar unit) {
-    const int fit = region.getFit();
-    const bool known = fit >= 0 && fit < MMS_COMP_SMIL_FIT_OTHER;
+    const QString fit = fitWord(region.getFit());
     const auto number = [](float measure) { return QString::number(double(measure)); };
     return QStringLiteral("  Region \"%1\": %2 x %3 at %4, %5 (%6%7)\n")
         .arg(printable(region.getId()), number(region.getWidth()), number(region.getHeight()),
              number(region.getLeft()), number(region.getTop()),
              unit == u'%' ? QStringLiteral("per cent, ") : QString(),
-             known ? QString(regionFitWords[fit]) : QStringLiteral("other fit"));
+             fit.isEmpty() ? QStringLiteral("other fit") : fit);
 }
 
 } // namespace
