@@ -169,7 +169,7 @@ unsigned char MMS_UA_UAMsg::getFieldPosition(unsigned char code) const {
 }
 
 void MMS_UA_UAMsg::setFieldPosition(unsigned char code, unsigned char position) {
-    if (code < std::size(fieldPositions_) && position >= 1 && position <= 25)
+    if (code < std::size(fieldPositions_) && position >= 1 && position <= lastPosition)
         fieldPositions_[code] = position;
 }
 

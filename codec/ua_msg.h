@@ -102,5 +102,6 @@ public:
     unsigned int bodyLength = 0; ///< octets from bodyStart to the end of the input
 
 private:
-    unsigned char fieldPositions_[26] = {};
+    static constexpr unsigned char lastPosition = 25; // a place for every field there is
+    unsigned char fieldPositions_[lastPosition + 1] = {};
 };

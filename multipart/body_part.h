@@ -105,7 +105,7 @@ public:
     int getRefCount() const { return refCount_; }
     /// Sets the number of references; any number is stored.
     int setRefCount(int count);
-    /// 0 after every change of type, sub-type or payload.
+    /// 0 after type, sub-type or payload was set.
     MEDIA_SUPPORT getSupport() const { return support_; }
     /// Sets whether the device can show or play the part.
     int setSupport(MEDIA_SUPPORT support);
@@ -163,8 +163,8 @@ public:
     /// or, failing that, the last step of the Content-Location, and stores the file's path in `path`.
     ///
     /// An existing file is overwritten. False, with `path` untouched, when the payload is empty;
-    /// false, with the path that was tried, when the file cannot be written or would not be a
-    /// regular file below the temporary directory.
+    /// false, with the path that was tried, when the file cannot be written, in which case one that was
+    /// there is removed, or would not be a regular file below the temporary directory.
     bool saveBodyDataToFile(QString& path) const;
 
     /// Number of sub-bodies, their own not counted.

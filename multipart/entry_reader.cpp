@@ -20,7 +20,8 @@ namespace {
 // Multiparts within multiparts: far more than any phone sends, few enough for every stack.
 constexpr int deepestMultipart = 16;
 
-// The longest Content-Location that is read, in octets without the closing NUL.
+// The longest Content-Location that is read, in octets without the closing NUL: names of files are shorter,
+// and a part is looked up by its name again and again.
 constexpr int longestLocation = 1024;
 
 // The name as it stands on the wire, its closing NUL included.

@@ -11,7 +11,8 @@
 
 namespace {
 
-// The room for content type and headers of one part. What does not fit is left out.
+// The room for content type and headers of one part, the same however long its names are. What does not fit
+// is left out.
 constexpr int headerRoom = 1024;
 constexpr int roomForLengths = 16; // of the three lengths in front, with five octets each at the most
 

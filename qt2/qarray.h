@@ -262,6 +262,7 @@ QDataStream& operator<<(QDataStream& stream, const QArray<T>& array) {
 /// stream's status at ReadPastEnd.
 template <typename T>
 QDataStream& operator>>(QDataStream& stream, QArray<T>& array) {
+    // A length that nothing follows costs no more memory than this.
     constexpr qsizetype firstStep = 64 * 1024 / qsizetype(sizeof(T)) + 1;
     quint32 length = 0;
     stream >> length;
