@@ -94,8 +94,8 @@ void seedMessages() {
         header.addCcRecipient(mail);
         header.addBccRecipient(phone);
         header.setSubject("Holidays");
-        header.setSendTime(QDateTime::currentDateTime());
-        header.setDeliveryTime(QDateTime::currentDateTime());
+        header.setSendTime(QDateTime::fromSecsSinceEpoch(0x5000'0000));
+        header.setDeliveryTime(QDateTime::fromSecsSinceEpoch(0x5000'1000));
         header.setExpireTime(86400);
         header.setMsgID("m1");
         header.setMsgURI("http://example.org/m1");
@@ -118,6 +118,12 @@ void seedMessages() {
     }
 }
 
+/// A seed that is not read as it is meant would teach the fuzzer nothing.
+void requireRead(int result, const char* name) {
+    if (result != CODEC_READ)
+        qFatal("the seed %s is malformed", name);
+}
+
 void seedByHand() {
     const QByteArray start = hex("8C 84 98 74 31 00 8D 90");
     const struct {
@@ -125,17 +131,22 @@ void seedByHand() {
         QByteArray octets;
     } headers[] = {
         {"insert-address", start + hex("89 01 81 86 80 94 80 B1 80")},
-        {"unknown", start + raw("X-Unknown\0value\0") + hex("8A 80")},
-        {"distribution", start + raw("X-Mms-Distribution-Allowed\0") + hex("80")},
+        {"unknown", start + hex("01 58", raw("-Unknown\0value\0")) + hex("8A 80")},
+        {"distribution", start + hex("01 58", raw("-Mms-Distribution-Allowed\0")) + hex("80")},
         {"charsets", start + hex("96 07 EA 7F C3 A4 00 00 00 93 05 01 EA 61 62 00 96 05 04 61 62 63 00")},
         {"times",
-         start + hex("88 05 81 03 01 51 80 87 06 80 04 FF FF FF FF 85 04 7F FF FF FF 8E 04 80 0 0 0 0")},
-        {"application", start + hex("84 1F 40 B3 89", raw("a/b\0\x8A\"<s>\0")) +
-                            raw("Application-ID\0x\0\x7FReply-To-Application-ID\0y\0z")},
-        {"stray", start + hex("84 05 C2 B3 C2 8A 61 00")},
-        {"from", start + hex("89 0E 80", raw("Me <a@b>\0/TYPE="))},
+         start + hex("88 05 81 03 01 51 80 87 06 80 04 FF FF FF FF 85 04 7F FF FF FF 8E 04 80 00 00 00")},
+        {"application", start + hex("84 1F 37 B3 89", raw("a/b\0\x8A\"<s>\0")) +
+                            raw("Application-ID\0x\0Reply-To-Application-ID\0y\0")},
+        {"stray", start + hex("84 04 C2 B3 C2 8A 61 00")},
+        {"from", start + hex("89 14 80", raw("Me <a@b>/TYPE=PLMN\0"))},
     };
     for (const auto& row : headers) {
+        MMS_UA_UAMsg header;
+        QByteArray octets = row.octets;
+        auto size = static_cast<unsigned int>(octets.size());
+        auto* head = reinterpret_cast<unsigned char*>(octets.data());
+        requireRead(MMS_UA_Decoder().decodeHeader(head, size, &header), row.name);
         seed("header", row.name, row.octets);
         seed("message", row.name, row.octets);
     }
@@ -143,17 +154,22 @@ void seedByHand() {
         const char* name;
         QByteArray octets;
     } bodies[] = {
-        {"nested", hex("01 01 09 C8 02 01 01 83 61 01 02 83 62 63")},
-        {"deep", hex("01 01 0F C8 01 01 0C C8 01 01 09 C8 01 01 06 C8 01 01 03 C8 01 00 83")},
+        {"nested", hex("01 01 0A C8 02 01 01 83 61 01 02 83 62 63")},
+        {"deep", hex("01 01 10 C8 01 01 0C C8 01 01 08 C8 01 01 04 C8 01 01 00 83")},
         {"utf16", hex("01 06 06 05 83 81 02 03 F7 41 00 42 00 00 00")},
         {"charset",
-         hex("03 05 03 04 83 81 02 08 CA 80 41 42 05 03 04 83 81 02 03 F4 2B 41 2D 04 02 03 83 81 A7 1B 24")},
+         hex("03 06 03 05 83 81 02 08 CA 80 41 42 06 03 05 83 81 02 03 F4 2B 41 2D 04 02 03 83 81 A7 1B 24")},
         {"boundary", hex("01 10 03 0F C8", raw("x-boundary\0b1\0abc"))},
         {"prompt", hex("01 16 01 9E", raw("\x8Ex\0X-Mms-UserPrompt\0\x80!"))},
         {"names",
-         hex("02 0D 01", raw("\x08\x9E\x85../a\0\xC0\"id\0x")) + hex("0C 01", raw("image/png\0zz\0y"))},
+         hex("02 0D 01", raw("\x07\x9E\x85../a\0\xC0\"id\0x")) + hex("0D 01", raw("image/png\0zz\0y"))},
     };
     for (const auto& row : bodies) {
+        MMS_COMP_SMILMultipart body;
+        QByteArray octets = row.octets;
+        auto* first = reinterpret_cast<unsigned char*>(octets.data());
+        requireRead(MMS_UA_MultiPart_CODEC::decodeMultipart(true, first, unsigned(octets.size()), &body),
+                    row.name);
         seed("body", row.name, row.octets);
         seed("message", row.name, start + hex("84 A3") + row.octets);
     }
@@ -163,7 +179,7 @@ void seedByHand() {
         seed("smil", "plain" + number, QByteArray(1, '\0') + smil);
         seed("smil", "file" + number, hex("01 00") + smil);
         seed("smil", "edited" + number,
-             hex("12 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
+             hex("13 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
     }
 }
 
@@ -188,8 +204,12 @@ void seedRecords() {
     const QByteArray object = record(*data.getMediaObject(0, 1));
     seed("records", "object", QByteArray(1, 1) + object);
     seed("records", "slide", QByteArray(1, 2) + record(*data.getSlide(0)));
-    for (char hands = 0; hands < 8; ++hands)
-        seed("records", "hands" + QByteArray::number(hands), QByteArray(1, 3) + object + object + object);
+    // whose hands the part passes through is chosen by the octets of the first object's kind
+    for (int i = 0; i < 8; ++i) {
+        const char hands[] = {char(i), char((3 * i + 1) % 8), char((5 * i + 2) % 8), char((i + 4) % 8)};
+        seed("records", "hands" + QByteArray::number(i),
+             '\3' + QByteArray(hands, 4) + object.mid(4) + object + object);
+    }
 }
 
 } // namespace
