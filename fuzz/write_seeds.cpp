@@ -3,6 +3,8 @@
 // They are made by the library itself and by hand; what is put into DIRECTORY/TARGET has the form
 // that the target reads.
 
+#include "tests/octets.h"
+
 #include <lumsmilparser.h>
 
 #include <QBuffer>
@@ -21,16 +23,6 @@ void seed(const char* target, const QByteArray& name, const QByteArray& octets) 
     QFile file(directory + '/' + name);
     if (!QDir().mkpath(directory) || !file.open(QIODevice::WriteOnly) || file.write(octets) != octets.size())
         qFatal("cannot write %s", qPrintable(file.fileName()));
-}
-
-QByteArray hex(const char* digits, const QByteArray& more = QByteArray()) {
-    return QByteArray::fromHex(QByteArray(digits).replace(' ', "")) + more;
-}
-
-/// All octets of a literal, NULs too, but for its closing one.
-template <size_t size>
-QByteArray raw(const char (&octets)[size]) {
-    return QByteArray(octets, size - 1);
 }
 
 const char* const presentations[] = {
@@ -59,7 +51,7 @@ std::unique_ptr<MMS_COMP_SMILMultipart> sampleBody(const char* smil) {
         QByteArray data;
     } rows[] = {
         {"application/smil", "slides.smil", "<s>", smil},
-        {"image/jpeg", "a.jpg", "<pic>", hex("FF D8 FF E0 00 10")},
+        {"image/jpeg", "a.jpg", "<pic>", octets("FF D8 FF E0 00 10")},
         {"text/plain", "t.txt", "", "Greetings"},
         {"audio/amr", "s.amr", "sound", "#!AMR"},
         {"application/x-unknown", "", "", "?"},
@@ -125,27 +117,27 @@ void requireRead(int result, const char* name) {
 }
 
 void seedByHand() {
-    const QByteArray start = hex("8C 84 98 74 31 00 8D 90");
+    const QByteArray start = octets("8C 84 98 74 31 00 8D 90");
     const struct {
         const char* name;
         QByteArray octets;
     } headers[] = {
-        {"insert-address", start + hex("89 01 81 86 80 94 80 B1 80")},
-        {"unknown", start + hex("01 58", raw("-Unknown\0value\0")) + hex("8A 80")},
-        {"distribution", start + hex("01 58", raw("-Mms-Distribution-Allowed\0")) + hex("80")},
-        {"charsets", start + hex("96 07 EA 7F C3 A4 00 00 00 93 05 01 EA 61 62 00 96 05 04 61 62 63 00")},
+        {"insert-address", start + octets("89 01 81 86 80 94 80 B1 80")},
+        {"unknown", start + octets("01 58", raw("-Unknown\0value\0")) + octets("8A 80")},
+        {"distribution", start + octets("01 58", raw("-Mms-Distribution-Allowed\0")) + octets("80")},
+        {"charsets", start + octets("96 07 EA 7F C3 A4 00 00 00 93 05 01 EA 61 62 00 96 05 04 61 62 63 00")},
         {"times",
-         start + hex("88 05 81 03 01 51 80 87 06 80 04 FF FF FF FF 85 04 7F FF FF FF 8E 04 80 00 00 00")},
-        {"application", start + hex("84 1F 37 B3 89", raw("a/b\0\x8A\"<s>\0")) +
+         start + octets("88 05 81 03 01 51 80 87 06 80 04 FF FF FF FF 85 04 7F FF FF FF 8E 04 80 00 00 00")},
+        {"application", start + octets("84 1F 37 B3 89", raw("a/b\0\x8A\"<s>\0")) +
                             raw("Application-ID\0x\0Reply-To-Application-ID\0y\0")},
-        {"stray", start + hex("84 04 C2 B3 C2 8A 61 00")},
-        {"from", start + hex("89 14 80", raw("Me <a@b>/TYPE=PLMN\0"))},
+        {"stray", start + octets("84 04 C2 B3 C2 8A 61 00")},
+        {"from", start + octets("89 14 80", raw("Me <a@b>/TYPE=PLMN\0"))},
     };
     for (const auto& row : headers) {
         MMS_UA_UAMsg header;
-        QByteArray octets = row.octets;
-        auto size = static_cast<unsigned int>(octets.size());
-        auto* head = reinterpret_cast<unsigned char*>(octets.data());
+        QByteArray pdu = row.octets;
+        auto size = static_cast<unsigned int>(pdu.size());
+        auto* head = reinterpret_cast<unsigned char*>(pdu.data());
         requireRead(MMS_UA_Decoder().decodeHeader(head, size, &header), row.name);
         seed("header", row.name, row.octets);
         seed("message", row.name, row.octets);
@@ -154,32 +146,33 @@ void seedByHand() {
         const char* name;
         QByteArray octets;
     } bodies[] = {
-        {"nested", hex("01 01 0A C8 02 01 01 83 61 01 02 83 62 63")},
-        {"deep", hex("01 01 10 C8 01 01 0C C8 01 01 08 C8 01 01 04 C8 01 01 00 83")},
-        {"utf16", hex("01 06 06 05 83 81 02 03 F7 41 00 42 00 00 00")},
+        {"nested", octets("01 01 0A C8 02 01 01 83 61 01 02 83 62 63")},
+        {"deep", octets("01 01 10 C8 01 01 0C C8 01 01 08 C8 01 01 04 C8 01 01 00 83")},
+        {"utf16", octets("01 06 06 05 83 81 02 03 F7 41 00 42 00 00 00")},
         {"charset",
-         hex("03 06 03 05 83 81 02 08 CA 80 41 42 06 03 05 83 81 02 03 F4 2B 41 2D 04 02 03 83 81 A7 1B 24")},
-        {"boundary", hex("01 10 03 0F C8", raw("x-boundary\0b1\0abc"))},
-        {"prompt", hex("01 16 01 9E", raw("\x8Ex\0X-Mms-UserPrompt\0\x80!"))},
+         octets(
+             "03 06 03 05 83 81 02 08 CA 80 41 42 06 03 05 83 81 02 03 F4 2B 41 2D 04 02 03 83 81 A7 1B 24")},
+        {"boundary", octets("01 10 03 0F C8", raw("x-boundary\0b1\0abc"))},
+        {"prompt", octets("01 16 01 9E", raw("\x8Ex\0X-Mms-UserPrompt\0\x80!"))},
         {"names",
-         hex("02 0D 01", raw("\x07\x9E\x85../a\0\xC0\"id\0x")) + hex("0D 01", raw("image/png\0zz\0y"))},
+         octets("02 0D 01", raw("\x07\x9E\x85../a\0\xC0\"id\0x")) + octets("0D 01", raw("image/png\0zz\0y"))},
     };
     for (const auto& row : bodies) {
         MMS_COMP_SMILMultipart body;
-        QByteArray octets = row.octets;
-        auto* first = reinterpret_cast<unsigned char*>(octets.data());
-        requireRead(MMS_UA_MultiPart_CODEC::decodeMultipart(true, first, unsigned(octets.size()), &body),
+        QByteArray received = row.octets;
+        auto* first = reinterpret_cast<unsigned char*>(received.data());
+        requireRead(MMS_UA_MultiPart_CODEC::decodeMultipart(true, first, unsigned(received.size()), &body),
                     row.name);
         seed("body", row.name, row.octets);
-        seed("message", row.name, start + hex("84 A3") + row.octets);
+        seed("message", row.name, start + octets("84 A3") + row.octets);
     }
     int i = 0;
     for (const char* smil : presentations) {
         const QByteArray number = QByteArray::number(i++);
         seed("smil", "plain" + number, QByteArray(1, '\0') + smil);
-        seed("smil", "file" + number, hex("01 00") + smil);
+        seed("smil", "file" + number, octets("01 00") + smil);
         seed("smil", "edited" + number,
-             hex("13 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
+             octets("13 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
     }
 }
 

@@ -1,20 +1,13 @@
-// The programs in examples/, one handing its message to the next, and their copies in the README.
+// The programs in examples/, one handing its message to the next.
 
 #include "tests/testing.h"
 
 #include <QDir>
-#include <QFile>
 #include <QImage>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 namespace {
-
-QByteArray contents(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// Runs an example in `folder`; what it said, or null when it did not end with that status.
 QString run(const QTemporaryDir& folder, const char* example, const QStringList& arguments, int status = 0) {
@@ -48,27 +41,6 @@ TEST(Examples, composeReadAndEdit) {
     EXPECT_EQ(run(folder, "read_message", {"sea.jpg", "seen"}, 1), "") << "no message";
     EXPECT_EQ(run(folder, "edit_message", {"sea.jpg", "text", "new.mms"}, 1), "");
     EXPECT_EQ(run(folder, "compose_message", {"missing.jpg", "new.mms"}, 2), "");
-}
-
-TEST(Readme, namesEveryOptionAndCommand) {
-    const QByteArray readme = contents(QString(SOURCES) + "/README.md");
-    const QByteArray text =
-        contents(QString(SOURCES) + "/CMakeLists.txt") + contents(QString(SOURCES) + "/dev");
-    const QRegularExpression names("^(?:option\\(|set\\()?(LUM_\\w+|\\./dev \\w+)",
-                                   QRegularExpression::MultilineOption);
-    for (auto found = names.globalMatch(text); found.hasNext();) {
-        const QByteArray name = found.next().captured(1).toUtf8();
-        EXPECT_TRUE(readme.contains("| `" + name)) << name.constData();
-    }
-}
-
-TEST(Examples, standInTheReadme) {
-    const QByteArray readme = contents(QString(SOURCES) + "/README.md");
-    for (const char* example : {"read_message", "compose_message"}) {
-        const QByteArray source = contents(QString(SOURCES) + "/examples/" + example + ".cpp");
-        ASSERT_FALSE(source.isEmpty());
-        EXPECT_TRUE(readme.contains("```cpp\n" + source + "```\n")) << example << " differs";
-    }
 }
 
 } // namespace

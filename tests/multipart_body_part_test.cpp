@@ -3,7 +3,6 @@
 #include "tests/testing.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
@@ -92,15 +91,6 @@ protected:
     }
     ~BodyPartFile() override { qunsetenv("TMPDIR"); }
 
-    static void put(const QString& path, const QByteArray& octets) {
-        QFile file(path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(octets) == octets.size());
-    }
-    static QByteArray get(const QString& path) {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
-    }
-
     QTemporaryDir outside_;
     const QString root_ = outside_.filePath("tmp");
     Part part_;
@@ -116,7 +106,7 @@ TEST_F(BodyPartFile, IsNamedAfterDisplayNameOrLocation) {
         QString path;
         EXPECT_TRUE(part_.saveBodyDataToFile(path));
         EXPECT_EQ(path, MMS_UTIL_Common::getTmpDir() + name);
-        EXPECT_EQ(get(path), QByteArray("\0new", 4));
+        EXPECT_EQ(contents(path), QByteArray("\0new", 4));
     }
     QString path = "untouched";
     EXPECT_FALSE(Part().saveBodyDataToFile(path));
@@ -137,7 +127,7 @@ TEST_F(BodyPartFile, NeverLeavesTheTemporaryDirectory) {
         EXPECT_FALSE(part_.saveBodyDataToFile(path));
         EXPECT_EQ(path, MMS_UTIL_Common::getTmpDir() + name);
     }
-    EXPECT_EQ(get(victim), "old");
+    EXPECT_EQ(contents(victim), "old");
     EXPECT_EQ(QDir(outside_.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 2);
     EXPECT_EQ(QDir(root_).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size(), 5);
 }

@@ -14,11 +14,6 @@ int read(const QByteArray& entry, Part& part) {
     return Multipart_Entry::readFrom(&buffer, &part);
 }
 
-int decode(const QByteArray& octets, MMS_COMP_SMILMultipart& body) {
-    std::vector<unsigned char> bytes(octets.begin(), octets.end());
-    return MMS_UA_MultiPart_CODEC::decodeMultipart(true, bytes.data(), unsigned(bytes.size()), &body);
-}
-
 QByteArray written(Part& part, int result = CODEC_WRITTEN, int room = 4096) {
     std::vector<unsigned char> octets(static_cast<size_t>(room));
     LinearBuffer out(octets.data(), room);

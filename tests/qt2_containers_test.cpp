@@ -89,40 +89,33 @@ TEST(QArray, believesALengthOnlyAsFarAsElementsFollow) {
     EXPECT_EQ(whole.size(), 1);
 }
 
-/// Counts its living.
-struct Item {
-    explicit Item(int& living) : living_(living) { ++living_; }
-    ~Item() { --living_; }
-    Item(const Item&) = delete;
-    Item& operator=(const Item&) = delete;
-    int& living_;
-};
+/// Its count of uses tells how many items are alive beside it.
+using Item = std::shared_ptr<int>;
 
 TEST(QPtrList, deletesWhatItOwns) {
-    int living = 0;
+    const Item first(new int);
     {
         QPtrList<Item> list;
         list.setAutoDelete(true);
         for (int i = 0; i < 5; ++i)
-            EXPECT_TRUE(list.append(new Item(living)));
+            EXPECT_TRUE(list.append(new Item(first)));
         const std::unique_ptr<Item> taken(list.take(1));
-        EXPECT_EQ(living, 5);
+        EXPECT_EQ(first.use_count(), 6);
         EXPECT_TRUE(list.remove(0) && list.removeRef(list.last()));
         EXPECT_FALSE(list.removeRef(taken.get()));
-        EXPECT_EQ(living, 3);
+        EXPECT_EQ(first.use_count(), 4);
         EXPECT_EQ(list.count(), 2);
     }
-    EXPECT_EQ(living, 0);
+    EXPECT_EQ(first.use_count(), 1);
 }
 
 TEST(QPtrList, refusesNullAndBadIndices) {
-    int living = 0;
-    Item item(living);
-    QPtrList<Item> list;
+    int item = 0;
+    QPtrList<int> list;
     EXPECT_FALSE(list.append(nullptr) || list.insert(0, nullptr));
     EXPECT_FALSE(list.insert(1, &item) || list.insert(-1, &item));
     EXPECT_TRUE(list.insert(0, &item));
-    for (int index : {-1, 1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+    for (int index : {-1, 1, INT_MIN, INT_MAX})
         EXPECT_TRUE(!list.at(index) && !list.take(index) && !list.remove(index)) << index;
     EXPECT_EQ(list.count(), 1);
     list.clear();
@@ -130,19 +123,19 @@ TEST(QPtrList, refusesNullAndBadIndices) {
 }
 
 TEST(QPtrList, copiesDoNotOwnAndMovesDo) {
-    int living = 0;
+    const Item first(new int);
     QPtrList<Item> owner, assigned;
-    owner.setAutoDelete(true);
-    owner.append(new Item(living));
+    for (QPtrList<Item>* list : {&owner, &assigned}) {
+        list->setAutoDelete(true);
+        list->append(new Item(first));
+    }
     { QPtrList<Item> copy = owner; }
-    assigned.setAutoDelete(true);
-    assigned.append(new Item(living));
     assigned = owner;
-    EXPECT_EQ(living, 1);
+    EXPECT_EQ(first.use_count(), 2);
     EXPECT_FALSE(assigned.autoDelete());
     EXPECT_EQ(assigned.first(), owner.first());
     { const QPtrList<Item> moved = std::move(owner); }
-    EXPECT_EQ(living, 0);
+    EXPECT_EQ(first.use_count(), 1);
 }
 
 } // namespace

@@ -15,10 +15,7 @@ TEST(ValueSyntax, Durations) {
         "infs = 2147483647, 3e9ms = 2147483647, 2147483648ms = 2147483647, "
         "9999999h = 2147483647, 2147483647:0.0 = 2147483647, -infh = -2147483648, "
         "-1e30min = -2147483648, -2147483648:0.0 = -2147483648";
-    for (const QString& row : rows.split(", ")) {
-        const QString text = row.section(" = ", 0, 0);
-        EXPECT_EQ(text + " = " + QString::number(Parser::parseDur(text)), row);
-    }
+    expectRows(rows.split(", "), [](const QString& text) { return QString::number(Parser::parseDur(text)); });
     for (const char* text : {"Indefinite", "5", "7s ", "7S", "s", "1m", "nans", "0:01.5s", "1:05", "1:.5",
                              "1:05.", ":05.5", "2147483648:0.0", "0:0:05.0", "a:b:c:d"})
         EXPECT_EQ(Parser::parseDur(text), 5000) << text;
@@ -30,12 +27,11 @@ TEST(ValueSyntax, BeginAndEndTimes) {
                          "id(t1)(end) = 1 -1 t1, id(t1)(endbegin) = 1 0 t1, id(t1)(1.5s) = 1 1500 t1, "
                          "id(t1)(-1ms) = 1 -1 t1, id(a)x1:02.003y = 1 62003 a, id()(begin) = 1 0 , "
                          "id(begin) = 3 7 begin, id(t1)( = 3 7 t1, id(t1 = 3 7 t1, ID(t1)(begin) = 3 7 ";
-    for (const QString& row : rows.split(", ")) {
-        const QString text = row.section(" = ", 0, 0);
+    expectRows(rows.split(", "), [](const QString& text) {
         MMS_COMP_SMIL_TIME time{MMS_COMP_SMIL_TIME_OFFSET, "old", 7};
         Parser::parseTime(text, &time);
-        EXPECT_EQ(text + QString(" = %1 %2 ").arg(time.type).arg(time.value) + time.id, row);
-    }
+        return QString("%1 %2 ").arg(time.type).arg(time.value) + time.id;
+    });
     Parser::parseTime("3s", nullptr);
 }
 

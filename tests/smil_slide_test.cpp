@@ -39,20 +39,19 @@ TEST(Slide, PutsNewContentInItsPlace) {
         "it + t = iT / iT",   "it + i = It / It",    "it + v = Vt / Vt", "ti + t = Ti / Ti",
         "ti + i = tI / tI",   "vt + i = It / It",    "a + t = Ta / aT",  "at + i = atI / aIt",
         "ai + t = aTi / aiT", "rar + r = Rar / Rar", "iv + i = iI / iI", "tat + v = tatV / taVt"};
-    for (const QString& row : rows) {
-        const QString there = row.section(" + ", 0, 0);
-        const QChar comes = row[there.size() + 3];
+    expectRows(rows, [](const QString& there) {
         QStringList became;
         for (const bool below : {false, true}) {
             MMS_COMP_SMILMultipart container;
             Slide slide(&container);
-            fill(slide, there);
-            EXPECT_TRUE(slide.updateData("r", "new", typeOf(comes), "x", QByteArray("n"), below, &container));
+            fill(slide, there.section(" + ", 0, 0));
+            const auto comes = typeOf(there.back());
+            EXPECT_TRUE(slide.updateData("r", "new", comes, "x", QByteArray("n"), below, &container));
             became << kindsOf(slide);
-            EXPECT_EQ(container.getPartCount(), slide.getMediaObjectCount()) << qPrintable(row);
+            EXPECT_EQ(container.getPartCount(), slide.getMediaObjectCount()) << qPrintable(there);
         }
-        EXPECT_EQ(there + " + " + comes + " = " + became.join(" / "), row);
-    }
+        return became.join(" / ");
+    });
 }
 
 // The kinds there are, those with room, and whether there is an (I)mage, a (V)ideo, a text (B)elow it.
@@ -60,17 +59,17 @@ TEST(Slide, KnowsWhatItHolds) {
     const QStringList tags = {"Audio", "VIDEO", "text", "IMG", "Ref", "object", "", " img"};
     const QStringList rows = {" = avtir B",   "t = avir B", "i = atr IB",  "v = atr IVB", "a = vtir B",
                               "rr = avtir B", "ti = ar I",  "itv = ar IV", "vt = ar IVB"};
-    for (const QString& row : rows) {
+    expectRows(rows, [&tags](const QString& kinds) {
         Slide slide(nullptr);
-        fill(slide, row.section(" = ", 0, 0));
-        QString known = kindsOf(slide) + " = ";
+        fill(slide, kinds);
+        EXPECT_EQ(kindsOf(slide), kinds);
+        QString known;
         for (int i = 0; i < tags.size(); ++i)
             known += slide.canBeInserted(tags[i]) ? QString(i < 5 ? KINDS[i] : u'?') : QString();
-        known += QString(slide.isImageExist() ? " I" : " ") + (slide.isVideoExist() ? "V" : "") +
-                 (slide.isTextBellowImg() ? "B" : "");
-        EXPECT_EQ(known, row);
         EXPECT_EQ(slide.getPageSize(), slide.count());
-    }
+        return known + (slide.isImageExist() ? " I" : " ") + (slide.isVideoExist() ? "V" : "") +
+               (slide.isTextBellowImg() ? "B" : "");
+    });
     Slide both(nullptr);
     fill(both, "vti");
     EXPECT_EQ(both.getImgObjectLikeElem(false), both.getMediaObject(2)) << "though the video is first";

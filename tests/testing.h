@@ -1,11 +1,14 @@
 #pragma once
 
-// What every test starts from: the whole library, octets as they are written down, and parts.
+// What every test starts from: the whole library, files, rows and parts.
+
+#include "tests/octets.h"
 
 #include <gtest/gtest.h>
 #include <lumsmilparser.h>
 
 #include <QDataStream>
+#include <QFile>
 #include <QIODevice>
 
 #include <climits>
@@ -16,40 +19,34 @@
 #include <tuple>
 #include <vector>
 
-/// Octets written in hexadecimal, blanks as you like: octets("8C 80 8D 90").
-inline QByteArray octets(const char* hex) {
-    return QByteArray::fromHex(QByteArray(hex).replace(' ', ""));
-}
-
-/// The same, followed by further octets, such as a text with its closing zero.
-inline QByteArray octets(const char* hex, const QByteArray& more) {
-    return octets(hex) + more;
-}
-
-/// A text with its closing zero.
-inline QByteArray zeroed(const QByteArray& text) {
-    return text + '\0';
-}
-
-/// A number as a uintvar.
-inline QByteArray uintvar(qsizetype value) {
-    QByteArray octets(1, static_cast<char>(value & 0x7F));
-    while (value >>= 7)
-        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
-    return octets;
-}
-
-/// An entry of a multipart: its lengths, its head (content type and headers) and its data.
-inline QByteArray entry(const QByteArray& head, const QByteArray& data = QByteArray()) {
-    return uintvar(head.size()) + uintvar(data.size()) + head + data;
-}
-
 /// How a failed comparison shows Qt's texts.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << (text.isNull() ? "(null)" : qPrintable('"' + text + '"'));
 }
 inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
     *out << bytes.toHex(' ').constData();
+}
+
+/// What a file holds; null when it cannot be read.
+inline QByteArray contents(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Writes a file; its path.
+inline QString put(const QString& path, const QByteArray& octets) {
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(octets) == octets.size());
+    return path;
+}
+
+/// Expects of every row "input = result" that `work` makes that result of that input.
+template <class Work>
+void expectRows(const QStringList& rows, Work work) {
+    for (const QString& row : rows) {
+        const QString input = row.section(" = ", 0, 0);
+        EXPECT_EQ(input + " = " + work(input), row);
+    }
 }
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -61,6 +58,12 @@ inline Part* addPart(MMS_COMP_SMILMultipart& container, const QString& location,
     part->setDispFileType(fileType);
     container.appendBodypart(part);
     return part;
+}
+
+/// Reads a body that ends exactly at the end of its allocation.
+inline int decode(const QByteArray& octets, MMS_COMP_SMILMultipart& body) {
+    std::vector<unsigned char> bytes(octets.begin(), octets.end());
+    return MMS_UA_MultiPart_CODEC::decodeMultipart(true, bytes.data(), unsigned(bytes.size()), &body);
 }
 
 /// Gives a part a type written as "type/sub-type".

@@ -1,6 +1,5 @@
 #include "tests/tool_runner.h"
 
-#include <QImage>
 #include <QJsonArray>
 #include <QRandomGenerator>
 #include <QSet>
@@ -27,9 +26,16 @@ struct Received {
     }
 
     QByteArray payload(int part) { return body.getBodypartByIndex(part, false)->getBodyData(); }
-    QByteArray payload(int slide, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) {
-        const MMS_COMP_SMILMediaObject* object = presentation.getSlide(slide)->getElem(type);
-        return object && object->getData() ? QByteArray(object->getData()->getBodyData()) : QByteArray();
+    /// What a slide shows: its text, its picture and its sound.
+    QList<QByteArray> payloads(int slide) {
+        QList<QByteArray> shown;
+        for (const auto kind :
+             {MMS_COMP_SMIL_MEDIA_TEXT, MMS_COMP_SMIL_MEDIA_IMG, MMS_COMP_SMIL_MEDIA_AUDIO}) {
+            const MMS_COMP_SMILMediaObject* object = presentation.getSlide(slide)->getElem(kind);
+            shown +=
+                object && object->getData() ? QByteArray(object->getData()->getBodyData()) : QByteArray();
+        }
+        return shown;
     }
 
     QByteArray octets;
@@ -54,16 +60,8 @@ TEST_F(ToolTest, EverythingAskedForIsThere) {
     const Outcome made = lummms(QStringList{"compose", "-o", path("m.mms"), "--subject", "Grüße <b>"} +
                                 options + slides + QStringList{"--attach", write("card.vcf", "BEGIN:VCARD")});
     ASSERT_EQ(made.status, 0) << made.err.constData();
-    const QByteArray shown = lummms({"show", path("m.mms")}).out.simplified();
-    for (const char* piece :
-         {"m-send-req", "From +1 (phone number)", "To +2 (phone number)", " a@b.c (e-mail address)",
-          "Cc 3 (phone number)", "Bcc é@x.y (e-mail address)", "Subject Grüße <b>", "Priority High",
-          "Delivery-Report Yes", "Read-Reply Yes", "application/smil slides.smil", "text/plain text.txt",
-          "image/png p.png", "audio/amr s.amr", "text/x-vcard card.vcf", "Slide 1, 2.5 s",
-          "text in region \"text\"", "picture in region \"image\"", "Slide 2, until the user goes on"})
-        EXPECT_TRUE(shown.contains(piece)) << piece << " is missing in " << shown.constData();
+    expectShown(path("m.mms"), "composed.txt");
     const QJsonValue header = lummms({"show", "--json", path("m.mms")}).json()["header"];
-    EXPECT_NEAR(header["expiry"].toInt(), 3600, 5);
     EXPECT_TRUE(header["fieldOrderCorrect"].toBool() && header["mandatoryFieldsPresent"].toBool());
 }
 
@@ -85,14 +83,11 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--to", "1", "stray"}, "stray"},
     };
     for (const auto& [arguments, cause] : rows) {
-        const Outcome outcome = lummms(QStringList{"compose", "-o", path("m.mms")} + arguments);
-        EXPECT_EQ(outcome.status, 2) << cause;
-        EXPECT_TRUE(outcome.err.contains(cause)) << outcome.err.constData();
-        EXPECT_EQ(outcome.err.count('\n'), 1) << outcome.err.constData();
+        expectRefused(QStringList{"compose", "-o", path("m.mms")} + arguments, cause);
         EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << cause;
     }
     ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // neither is a device replaced
-    EXPECT_EQ(lummms({"compose", "-o", path("null"), "--to", "1", "--slide", "5", "text:a"}).status, 2);
+    expectRefused({"compose", "-o", path("null"), "--to", "1", "--slide", "5", "text:a"}, "null");
     write("m.mms", "before");
     EXPECT_EQ(
         lummms({"compose", "-o", path("m.mms"), "--to", "1", "--slide", "5", "text:" + QString(2000, 'x')},
@@ -121,18 +116,18 @@ protected:
         return write(folder + '/' + name + extension, octets);
     }
     void makeUp(QRandomGenerator& random) {
-        slides_.resize(random.bounded(11));
-        for (Slide& slide : slides_) {
+        slides_.fill(QList<QByteArray>(3), random.bounded(11));
+        for (QList<QByteArray>& slide : slides_) {
             arguments_ += {"--slide", QString::number(random.bounded(9000)) + "ms"};
             const int kinds = random.bounded(1, 8); // a bit for each kind of object
             if (kinds & 1) {
-                slide.text = TEXTS[random.bounded(int(std::size(TEXTS)))];
-                arguments_ += "text:" + QString::fromUtf8(slide.text);
+                slide[0] = TEXTS[random.bounded(int(std::size(TEXTS)))];
+                arguments_ += "text:" + QString::fromUtf8(slide[0]);
             }
             if (kinds & 2)
-                arguments_ += file(random, random.bounded(2) ? ".jpg" : ".PNG", slide.picture);
+                arguments_ += file(random, random.bounded(2) ? ".jpg" : ".PNG", slide[1]);
             if (kinds & 4)
-                arguments_ += file(random, ".mid", slide.sound);
+                arguments_ += file(random, ".mid", slide[2]);
         }
         attachments_.resize(random.bounded(8));
         for (QByteArray& attachment : attachments_)
@@ -140,11 +135,8 @@ protected:
     }
     void expectAll(Received& message) const {
         ASSERT_EQ(message.presentation.getTotalSlidesNum(), slides_.size());
-        for (int i = 0; i < slides_.size(); ++i) {
-            EXPECT_EQ(message.payload(i, MMS_COMP_SMIL_MEDIA_TEXT), slides_[i].text);
-            EXPECT_EQ(message.payload(i, MMS_COMP_SMIL_MEDIA_IMG), slides_[i].picture);
-            EXPECT_EQ(message.payload(i, MMS_COMP_SMIL_MEDIA_AUDIO), slides_[i].sound);
-        }
+        for (int i = 0; i < slides_.size(); ++i)
+            EXPECT_EQ(message.payloads(i), slides_[i]);
         const int first = message.body.getPartCount() - int(attachments_.size());
         for (int i = 0; i < attachments_.size(); ++i)
             EXPECT_EQ(message.payload(first + i), attachments_[i]);
@@ -155,11 +147,8 @@ protected:
         EXPECT_EQ(message.smilPart != nullptr, !slides_.isEmpty());
     }
 
-    struct Slide {
-        QByteArray text, picture, sound;
-    };
     QStringList arguments_;
-    QList<Slide> slides_;
+    QList<QList<QByteArray>> slides_; ///< of each its text, its picture and its sound
     QList<QByteArray> attachments_;
     int files_ = 0;
 };
@@ -179,11 +168,11 @@ TEST_P(GeneratedMessages, ArriveAsTheyWereMadeAndStayWhenOneSlideIsEdited) {
         return;
 
     const int edited = random.bounded(int(slides_.size()));
-    slides_[edited].text = "another text";
+    slides_[edited][0] = "another text";
     attachments_.clear(); // a new text part comes behind them
     ASSERT_TRUE(received.presentation.getSlide(edited)->updateData(
         MMS_COMP_SMILData::getTextRegionId(), received.presentation.createUniqueSrc("text.txt"),
-        MMS_COMP_SMIL_MEDIA_TEXT, "plain", slides_[edited].text, false, &received.body));
+        MMS_COMP_SMIL_MEDIA_TEXT, "plain", slides_[edited][0], false, &received.body));
     received.smilPart->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(&received.presentation).toUtf8());
     const QByteArray header = pdu.chopped(received.header.bodyLength);
     Received again(header + MMS_COMP_SMILMultipartParser::assembleBody(&received.body, &received.header));
@@ -198,16 +187,13 @@ QByteArray located(const QByteArray& location, const QByteArray& data) {
 
 TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
     const QByteArray nested = entry(octets("C8"), "", char(2) + located("inner.txt", "i") + located("", "j"));
-    const QByteArray parts[] = {
+    const QByteArrayList parts = {
         located("../evil.txt", "a"), located("/etc/passwd", "b"),  located("..", "c"),
         located("x\\y.txt", "d"),    located("dup.txt", "e"),      located("dup.txt", "f"),
         located("dup.txt", "g"),     located(".profile", "h"),     located("link.txt", "k"),
         located("mine.txt", "l"),    located("e\x1B[2J.txt", "m"), nested,
     };
-    QByteArray body(1, char(std::size(parts)));
-    for (const QByteArray& part : parts)
-        body += part;
-    write("m.mms", octets("8C 84 8D 90 84 A3") + body);
+    write("m.mms", octets("8C 84 8D 90 84 A3") + char(parts.size()) + parts.join());
     ASSERT_TRUE(QDir(path("")).mkpath("out"));
     write("out/mine.txt", "before");
     ASSERT_TRUE(QFile::link(path("target.txt"), path("out/link.txt")));
@@ -228,41 +214,6 @@ TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
     EXPECT_EQ(outcome.out.count('\n'), qsizetype(std::size(files)) - 1) << outcome.out.constData();
     EXPECT_FALSE(outcome.out.contains('\x1B'));
     EXPECT_EQ(QDir(path("")).entryList(QDir::Files), QStringList("m.mms")) << "nothing beside the directory";
-}
-
-/// The lines of all literal displays, as the reader of the page types them.
-QByteArray typedLines(const QByteArray& page) {
-    QByteArray typed;
-    bool literal = false;
-    for (QByteArray line : page.split('\n')) {
-        if (line.startsWith(".Bd") || line.startsWith(".Ed"))
-            literal = line.startsWith(".Bd");
-        else if (literal)
-            typed += line.replace("$ ", "").replace("\\e", "\\") + '\n';
-    }
-    return typed;
-}
-
-TEST_F(ToolTest, manualsExamplesWork) {
-    QFile page(QString(SOURCES) + "/docs/lummms.1");
-    ASSERT_TRUE(page.open(QIODevice::ReadOnly));
-    const QByteArray typed = typedLines(page.readAll());
-    for (const char* command : {"compose", "show", "unpack", "smil", "render", "help"})
-        EXPECT_TRUE(typed.contains(QByteArray("lummms ") + command)) << command;
-
-    QImage picture(16, 16, QImage::Format_RGB32);
-    picture.fill(Qt::blue);
-    ASSERT_TRUE(picture.save(path("sea.jpg")));
-    QProcess shell;
-    shell.setWorkingDirectory(path(""));
-    shell.setEnvironment(QProcess::systemEnvironment()
-                         << "PATH=" + QFileInfo(LUMMMS).path() + ':' + qEnvironmentVariable("PATH"));
-    shell.setProcessChannelMode(QProcess::MergedChannels);
-    shell.start("sh", {"-exc", typed});
-    ASSERT_TRUE(shell.waitForFinished(120'000));
-    EXPECT_EQ(shell.exitCode(), 0) << shell.readAll().constData();
-    EXPECT_EQ(read("parts/sea.jpg"), read("sea.jpg"));
-    EXPECT_FALSE(QImage(path("trip.png")).isNull());
 }
 
 } // namespace

@@ -6,50 +6,44 @@
 
 namespace {
 
+QByteArray file(const QImage& image, const char* format) {
+    QBuffer buffer;
+    EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format));
+    return buffer.data();
+}
+
 /// A picture of that size, its left half red and its right half blue.
 QByteArray halves(int width, int height) {
-    QImage image(width, height, QImage::Format_RGB32);
+    QImage image(2, 1, QImage::Format_RGB32);
     image.fill(Qt::red);
-    for (int y = 0; y < height; ++y)
-        for (int x = width / 2; x < width; ++x)
-            image.setPixelColor(x, y, Qt::blue);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return buffer.data();
+    image.setPixelColor(1, 0, Qt::blue);
+    return file(image.scaled(width, height), "PNG");
 }
 
 /// A picture with so many marks of a further scan behind its end.
 QByteArray scans(int count) {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(Qt::red);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG");
-    return buffer.data() + QByteArray("\xFF\xDA").repeated(count - 1);
+    return file(image, "JPEG") + QByteArray("\xFF\xDA").repeated(count - 1);
 }
 
 class RenderTest : public ToolTest {
 protected:
     /// Writes a message with that presentation and a few parts, and renders it.
     Outcome render(const QByteArray& smil, const QString& output, const QStringList& options = {}) {
-        const QByteArray parts[] = {
-            entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil),
+        const QByteArrayList parts = {
             entry(octets("A0"), octets("8E") + zeroed("wide.png"), halves(240, 80)),
             entry(octets("A0"), octets("8E") + zeroed("bad.png"), halves(8, 8).left(40)),
             entry(octets("9E"), octets("8E") + zeroed("scans.jpg"), scans(51)),
+            entry(octets("9E"), octets("8E") + zeroed("most.jpg"), scans(50)),
             entry(octets("83 81 EA"), octets("8E") + zeroed("t.txt"),
                   "</p><script>alert(1)</script> & \"more\""),
             entry(zeroed("audio/midi"), octets("8E") + zeroed("s.mid"), "MThd"),
             // 9 by 2 pixels, white and black rows
             entry(octets("A1"), octets("8E") + zeroed("w.wbmp"), octets("00 00 09 02 FF 80 00 00")),
         };
-        QByteArray body(1, char(std::size(parts)));
-        for (const QByteArray& part : parts)
-            body += part;
-        write("m.mms", octets("8C 84 8D 90 96") + zeroed("<img src=x onerror=alert(2)>") +
-                           octets("84 18 B3 8A") + zeroed("<s>") + octets("89") + zeroed("application/smil") +
-                           body);
+        write("m.mms",
+              octets("8C 84 8D 90 96") + zeroed("<img src=x onerror=alert(2)>") + related(smil, parts));
         return lummms(QStringList{"render", path("m.mms"), "-o", path(output)} + options);
     }
     QColor pixel(const QImage& image, int slide, int x, int y) const {
@@ -93,13 +87,14 @@ TEST_F(RenderTest, SlidesStandSideBySideWithTextsAndPlaceholders) {
                                        "<par><img src=\"missing.png\" region=\"image\"/>"
                                        "<audio src=\"s.mid\"/></par>"
                                        "<par><img src=\"w.wbmp\" region=\"image\"/></par>"
-                                       "<par><img src=\"scans.jpg\" region=\"image\"/></par>" +
+                                       "<par><img src=\"scans.jpg\" region=\"image\"/></par>"
+                                       "<par><img src=\"most.jpg\" region=\"image\"/></par>" +
                                        END,
                                    "s.png", {"--scale", "1"});
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.err, QByteArray()) << "broken pictures are no error";
     const QImage image(path("s.png"));
-    ASSERT_EQ(image.width(), 4 * 132);
+    ASSERT_EQ(image.width(), 5 * 132);
     int inked = 0;
     for (int y = 2; y < 60; ++y)
         for (int x = 2; x < 118; ++x)
@@ -107,6 +102,7 @@ TEST_F(RenderTest, SlidesStandSideBySideWithTextsAndPlaceholders) {
     EXPECT_GT(inked, 200) << "the text is drawn";
     for (const int slide : {0, 1, 3}) // broken, missing, decoded again and again
         EXPECT_EQ(pixel(image, slide, 20, 180), QColor(238, 238, 238)) << "a placeholder in slide " << slide;
+    EXPECT_GT(pixel(image, 4, 4, 164).red(), 250) << "as many scans as are drawn";
     EXPECT_EQ(pixel(image, 2, 4, 160), QColor(Qt::white));
     EXPECT_EQ(pixel(image, 2, 4, 161), QColor(Qt::black));
 }

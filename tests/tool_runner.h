@@ -3,11 +3,11 @@
 #include "tests/testing.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -31,19 +31,30 @@ inline Outcome lummms(const QStringList& arguments, const QStringList& environme
             process.readAllStandardError()};
 }
 
+/// What the program is expected to show.
+const QString SHOWN = QString(SOURCES) + "/tests/data/show/";
+
 /// A test with a directory of its own, and files in it.
 class ToolTest : public testing::Test {
 protected:
     QString path(const QString& name) const { return dir_.filePath(name); }
-    QString write(const QString& name, const QByteArray& octets) const {
-        QFile file(path(name));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(octets);
-        return path(name);
+    QString write(const QString& name, const QByteArray& octets) const { return put(path(name), octets); }
+    QByteArray read(const QString& name) const { return contents(path(name)); }
+
+    /// Expects that a message is shown to a person as in a file of tests/data/show, what differs from run to
+    /// run apart.
+    static void expectShown(const QString& message, const char* expected) {
+        const Outcome run = lummms({"show", message});
+        EXPECT_TRUE(run.status == 0 && run.err.isEmpty()) << run.err.constData();
+        const QRegularExpression varying("\\d{4}-\\d\\d-\\d\\d [^(]*(?=\\(moment of reading)|[0-9a-f-]{36}");
+        EXPECT_EQ(QString(run.out).remove(varying), contents(SHOWN + QString(expected)))
+            << run.out.constData();
     }
-    QByteArray read(const QString& name) const {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    /// Expects wrong use: nothing but one line that names the cause.
+    static void expectRefused(const QStringList& arguments, const char* cause) {
+        const Outcome run = lummms(arguments);
+        EXPECT_TRUE(run.status == 2 && run.out.isEmpty()) << qPrintable(arguments.join(' '));
+        EXPECT_TRUE(run.err.contains(cause) && run.err.count('\n') == 1) << run.err.constData();
     }
 
 private:
@@ -53,4 +64,11 @@ private:
 /// An entry whose content type, below 31 octets, is given without its length.
 inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers, const QByteArray& data) {
     return entry(char(contentType.size()) + contentType + headers, data);
+}
+
+/// The body of a message, and its content type: a presentation and further parts.
+inline QByteArray related(const QByteArray& smil, const QByteArrayList& parts) {
+    return octets("84 18 B3 8A") + zeroed("<s>") + octets("89") + zeroed("application/smil") +
+           char(1 + parts.size()) + entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil) +
+           parts.join();
 }

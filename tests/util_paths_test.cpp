@@ -1,6 +1,5 @@
 #include "tests/testing.h"
 
-#include <QFile>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 
@@ -64,16 +63,14 @@ TEST(Util, loadsFilesUpToTheLimit) {
     for (const auto& [name, limit, size, checkSize, status] : rows) {
         SCOPED_TRACE(name);
         qputenv("LUM_MMS_MAX_SIZE_KB", limit);
-        const QByteArray contents(qMax(size, 0), '\xA5');
-        QFile file(dir.filePath(name));
-        if (size >= 0) {
-            ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(contents) == size);
-            file.close();
-        }
+        const QByteArray octets(qMax(size, 0), '\xA5');
+        const QString path = dir.filePath(name);
+        if (size >= 0)
+            put(path, octets);
         QArray<char> data(QByteArray("before"));
         const QArray<char> sharer = data;
-        EXPECT_EQ(MMS_COMP_Util::getQByteArraySrcByFileName(data, file.fileName(), checkSize), status);
-        EXPECT_EQ(data, status == 0 ? contents : QByteArray("before"));
+        EXPECT_EQ(MMS_COMP_Util::getQByteArraySrcByFileName(data, path, checkSize), status);
+        EXPECT_EQ(data, status == 0 ? octets : QByteArray("before"));
         EXPECT_EQ(sharer, QByteArray("before"));
     }
 }

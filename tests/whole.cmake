@@ -1,4 +1,4 @@
-# Tests of what the project offers as a whole: the examples, the interface, the installation.
+# Tests of what the project offers as a whole: the examples, the documents, the interface, the installation.
 
 foreach(example read_message compose_message edit_message)
     add_executable(${example} examples/${example}.cpp)
@@ -15,6 +15,12 @@ foreach(library ${libraries})
     add_test(NAME symbols_${library} COMMAND tests/symbols/compare $<TARGET_FILE:${library}>
              tests/symbols/${library}.txt WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endforeach()
+
+add_test(NAME readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/readme)
+if(LUM_BUILD_TOOLS)
+    add_test(NAME man_page COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/man_page $<TARGET_FILE:lummms>
+             ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms)
+endif()
 
 # a program that is built without the sanitizers cannot use libraries that are built with them
 if(NOT LUM_SANITIZE)

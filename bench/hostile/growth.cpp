@@ -1,7 +1,7 @@
 // Times N and 4N octets of each kind of bad input: hostile [N [WORDS]], of those with WORDS in their name
 //
-// Ends with 1 when four times the input takes more than six times as long, or a message of the usual
-// greatest size more than half a second.
+// Ends with 1 when four times the input takes more than six times as long (where it can be measured), or a
+// message of the usual greatest size more than half a second.
 
 #include "bench/hostile/shapes.h"
 

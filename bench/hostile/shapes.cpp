@@ -1,4 +1,5 @@
 #include "bench/hostile/shapes.h"
+#include "tests/octets.h"
 
 #include <lumsmilparser.h>
 
@@ -7,36 +8,13 @@
 
 namespace {
 
-QByteArray hex(const char* digits) {
-    return QByteArray::fromHex(QByteArray(digits).replace(' ', ""));
-}
-
-/// All octets of a literal, NULs too, but for its closing one.
-template <size_t size>
-QByteArray raw(const char (&octets)[size]) {
-    return QByteArray(octets, size - 1);
-}
-
-QByteArray uintvar(unsigned int value) {
-    QByteArray octets(1, static_cast<char>(value & 0x7F));
-    while (value >>= 7)
-        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
-    return octets;
-}
-
-/// One part of a body, its headers (content type included) and its data as given.
-QByteArray entry(const QByteArray& headers, const QByteArray& data) {
-    return uintvar(static_cast<unsigned int>(headers.size())) +
-           uintvar(static_cast<unsigned int>(data.size())) + headers + data;
-}
-
 /// A body of that many equal parts.
 QByteArray body(int count, const QByteArray& part) {
     return QByteArray(1, static_cast<char>(count)) + part.repeated(count);
 }
 
-QByteArray repeated(const QByteArray& piece, int octets) {
-    return piece.repeated(octets / int(piece.size()));
+QByteArray repeated(const QByteArray& piece, int size) {
+    return piece.repeated(size / int(piece.size()));
 }
 
 /// The pieces between an opening and a closing.
@@ -104,40 +82,40 @@ void receivePartRecord(const QByteArray& octets) {
 }
 
 /// Many parts in a body of bodies; `headers(i)` are those of the i-th.
-QByteArray bodyOfBodies(int octets, const std::function<QByteArray(int)>& headers) {
+QByteArray bodyOfBodies(int size, const std::function<QByteArray(int)>& headers) {
     QByteArray outer;
     int count = 0;
-    for (int i = 0; outer.size() < octets && count < 255; ++count) {
+    for (int i = 0; outer.size() < size && count < 255; ++count) {
         QByteArray inner(1, '\xFF');
         for (int j = 0; j < 255; ++j)
             inner += entry(headers(i++), QByteArray());
-        outer += entry(hex("C8"), inner);
+        outer += entry(octets("C8"), inner);
     }
     return char(count) + outer;
 }
 
-QByteArray nestedBodies(int octets) {
-    QByteArray inside = body(1, entry(hex("83"), QByteArray(octets, 'x')));
+QByteArray nestedBodies(int size) {
+    QByteArray inside = body(1, entry(octets("83"), QByteArray(size, 'x')));
     for (int depth = 1; depth <= 16; ++depth)
-        inside = body(1, entry(hex("C8"), inside));
+        inside = body(1, entry(octets("C8"), inside));
     return inside;
 }
 
-QByteArray partsOfOneName(int octets) {
-    return body(255, entry(QByteArray("image/png") + '\0', QByteArray(octets / 255, 'x')));
+QByteArray partsOfOneName(int size) {
+    return body(255, entry(QByteArray("image/png") + '\0', QByteArray(size / 255, 'x')));
 }
 
-QByteArray partsOfLongNames(int octets) {
-    const QByteArray name(std::min(octets / 255, 1000), '\xC9');
-    return body(255, entry(hex("83 8E") + name + '\0' + hex("C0") + name + '\0', QByteArray()));
+QByteArray partsOfLongNames(int size) {
+    const QByteArray name(std::min(size / 255, 1000), '\xC9');
+    return body(255, entry(octets("83 8E") + name + '\0' + octets("C0") + name + '\0', QByteArray()));
 }
 
 QByteArray textIn(const QByteArray& mib, const QByteArray& text) {
-    return body(1, entry(QByteArray(1, char(2 + mib.size())) + hex("83 81") + mib, text));
+    return body(1, entry(QByteArray(1, char(2 + mib.size())) + octets("83 81") + mib, text));
 }
 
-QByteArray texts(const QByteArray& mib, const QByteArray& piece, int octets) {
-    return textIn(mib, repeated(piece, octets));
+QByteArray texts(const QByteArray& mib, const QByteArray& piece, int size) {
+    return textIn(mib, repeated(piece, size));
 }
 
 QByteArray longIntegerMib(int mib) {
@@ -148,16 +126,16 @@ QByteArray elements(int depth) {
     return QByteArray("<a>").repeated(depth) + QByteArray("</a>").repeated(depth);
 }
 
-QByteArray manyAttributes(int octets) {
+QByteArray manyAttributes(int size) {
     QByteArray tag = "<a";
     for (int i = 0; i < 900; ++i)
         tag += " a" + QByteArray::number(i) + "=''";
-    return "<smil>" + repeated(tag + "/>", octets) + "</smil>";
+    return "<smil>" + repeated(tag + "/>", size) + "</smil>";
 }
 
-QByteArray manyRegions(int octets) {
+QByteArray manyRegions(int size) {
     QByteArray text = "<smil><head><layout>";
-    for (int i = 0; text.size() < octets; ++i)
+    for (int i = 0; text.size() < size; ++i)
         text += "<region id='" + QByteArray::number(i) + "'/>";
     return text + "</layout></head></smil>";
 }
@@ -168,25 +146,31 @@ std::function<QByteArray(int)> half(const std::function<QByteArray(int)>& make) 
 }
 
 std::vector<Shape> headerShapes() {
-    const QByteArray begin = hex("8C 84");
+    const QByteArray begin = octets("8C 84");
     return {
         {"headers of unknown names", series(begin, raw("x\0y\0"), {}), receiveHeader},
         {"unknown names without an end", series(begin, "x", {}), receiveHeader},
         {"recipients", series(begin, raw("\x97\x61\0"), {}), receiveHeader},
         {"content type of unknown parameters, no end",
-         [=](int n) { return begin + hex("84 1F") + uintvar(unsigned(n)) + hex("B3") + QByteArray(n, 'x'); },
+         [=](int n) {
+             return begin + octets("84 1F") + uintvar(unsigned(n)) + octets("B3") + QByteArray(n, 'x');
+         },
          receiveHeader},
         {"content type of quotes",
-         [=](int n) { return begin + hex("84 1F") + uintvar(unsigned(n)) + hex("B3") + QByteArray(n, 0x7F); },
+         [=](int n) {
+             return begin + octets("84 1F") + uintvar(unsigned(n)) + octets("B3") + QByteArray(n, 0x7F);
+         },
          receiveHeader},
         {"content type of empty names",
-         [=](int n) { return begin + hex("84 1F") + uintvar(unsigned(n)) + hex("B3") + QByteArray(n, 0); },
+         [=](int n) {
+             return begin + octets("84 1F") + uintvar(unsigned(n)) + octets("B3") + QByteArray(n, 0);
+         },
          receiveHeader},
-        {"content type of long integers", series(begin + hex("84 1F FF FF 7F B3"), hex("89 00 8A 22 00"), {}),
-         receiveHeader},
+        {"content type of long integers",
+         series(begin + octets("84 1F FF FF 7F B3"), octets("89 00 8A 22 00"), {}), receiveHeader},
         {"long integers as field codes", series(begin, QByteArray(1, 0x1E) + QByteArray(0x1E, '\x80'), {}),
          receiveHeader},
-        {"a value length without an end", series(begin + hex("96 1F"), "\xFF", {}), receiveHeader},
+        {"a value length without an end", series(begin + octets("96 1F"), "\xFF", {}), receiveHeader},
     };
 }
 
@@ -205,25 +189,26 @@ std::vector<Shape> bodyShapes() {
          receiveBody},
         {"content type of parameters",
          [](int n) {
-             return body(
-                 1, entry(hex("1F") + uintvar(unsigned(n / 2 * 2 + 1)) + hex("83") + repeated(raw("a\0"), n),
-                          {}));
+             return body(1, entry(octets("1F") + uintvar(unsigned(n / 2 * 2 + 1)) + octets("83") +
+                                      repeated(raw("a\0"), n),
+                                  {}));
          },
          receiveBody},
         {"nested bodies", nestedBodies, receiveBody},
         {"bodies of bodies of empty parts",
-         [](int n) { return bodyOfBodies(n, [](int) { return hex("83"); }); }, receiveBody},
+         [](int n) { return bodyOfBodies(n, [](int) { return octets("83"); }); }, receiveBody},
         {"bodies of bodies of texts in unknown charsets",
          [](int n) {
-             return bodyOfBodies(n, [](int i) { return hex("05 83 81") + longIntegerMib(256 + i % 60000); });
+             return bodyOfBodies(n,
+                                 [](int i) { return octets("05 83 81") + longIntegerMib(256 + i % 60000); });
          },
          receiveBody},
         {"255 parts that want one name", partsOfOneName, receiveBody, true},
         {"255 parts of long names", partsOfLongNames, receiveBody, true},
         {"text in UTF-7", [](int n) { return texts(longIntegerMib(1012), "+AOQ-", n); }, receiveBody},
-        {"text in ISO-2022-KR", [](int n) { return texts(hex("A5"), "\x0E\x0F", n); }, receiveBody},
-        {"text in ISO-2022-JP", [](int n) { return texts(hex("A7"), "\x1B$B\x1B(B", n); }, receiveBody},
-        {"text in GB18030", [](int n) { return texts(hex("F2"), "\x84\x31\xA4\x37", n); }, receiveBody},
+        {"text in ISO-2022-KR", [](int n) { return texts(octets("A5"), "\x0E\x0F", n); }, receiveBody},
+        {"text in ISO-2022-JP", [](int n) { return texts(octets("A7"), "\x1B$B\x1B(B", n); }, receiveBody},
+        {"text in GB18030", [](int n) { return texts(octets("F2"), "\x84\x31\xA4\x37", n); }, receiveBody},
         {"text in windows-1252", [](int n) { return texts(longIntegerMib(2252), "\x80", n); }, receiveBody},
         {"text in UTF-16", [](int n) { return texts(longIntegerMib(1015), "\xD8\x00", n); }, receiveBody},
     };
@@ -278,24 +263,24 @@ std::vector<Shape> smilShapes() {
     };
 }
 
-QByteArray manyObjects(int octets) {
+QByteArray manyObjects(int size) {
     QByteArray record;
     QDataStream stream(&record, QIODevice::WriteOnly);
     stream << qint32(5000) << qint32(0x7FFFFFFF);
     MMS_COMP_SMILMediaObject object(nullptr);
-    while (record.size() < octets)
+    while (record.size() < size)
         object.writeToStream(stream);
     return record;
 }
 
-QByteArray manySubBodies(int octets) {
+QByteArray manySubBodies(int size) {
     QByteArray record;
     QDataStream stream(&record, QIODevice::WriteOnly);
     MMS_COMP_SMILMultipartBodypart part;
     part.writeToStream(stream);
-    record.replace(record.size() - 4, 4, hex("7F FF FF FF"));
+    record.replace(record.size() - 4, 4, octets("7F FF FF FF"));
     stream.device()->seek(record.size());
-    while (record.size() < octets)
+    while (record.size() < size)
         part.writeToStream(stream);
     return record;
 }
@@ -304,7 +289,7 @@ std::vector<Shape> recordShapes() {
     return {
         {"a slide's record of many objects", manyObjects, receiveSlideRecord},
         {"a part's record of many sub-bodies", manySubBodies, receivePartRecord},
-        {"a part's record of one text", series(hex("7F FF FF FE"), "x", {}), receivePartRecord},
+        {"a part's record of one text", series(octets("7F FF FF FE"), "x", {}), receivePartRecord},
     };
 }
 

@@ -1,0 +1,39 @@
+#pragma once
+
+// Octets as they are written down in tests, seeds and shapes of bad input.
+
+#include <QByteArray>
+
+/// Octets written in hexadecimal, blanks as you like: octets("8C 80 8D 90").
+inline QByteArray octets(const char* hex) {
+    return QByteArray::fromHex(QByteArray(hex).replace(' ', ""));
+}
+
+/// The same, followed by further octets, such as a text with its closing zero.
+inline QByteArray octets(const char* hex, const QByteArray& more) {
+    return octets(hex) + more;
+}
+
+/// A text with its closing zero.
+inline QByteArray zeroed(const QByteArray& text) {
+    return text + '\0';
+}
+
+/// All octets of a literal, NULs too, but for its closing one.
+template <size_t size>
+QByteArray raw(const char (&literal)[size]) {
+    return QByteArray(literal, size - 1);
+}
+
+/// A number as a uintvar.
+inline QByteArray uintvar(qsizetype value) {
+    QByteArray octets(1, static_cast<char>(value & 0x7F));
+    while (value >>= 7)
+        octets.prepend(static_cast<char>(0x80 | (value & 0x7F)));
+    return octets;
+}
+
+/// An entry of a multipart: its lengths, its head (content type and headers) and its data.
+inline QByteArray entry(const QByteArray& head, const QByteArray& data = QByteArray()) {
+    return uintvar(head.size()) + uintvar(data.size()) + head + data;
+}
