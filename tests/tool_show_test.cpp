@@ -91,6 +91,7 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
         {{"show", "--loud", "x"}, "'loud'"},
         {{"show", "a", "b"}, "'b'"},
         {{"show", path("")}, "is a directory"},
+        {{"show", path("\x1B[2J")}, "\\u001b[2J: no such file"},
         {{"smil", write("s.smil", SMIL), "--parts", path("missing")}, "missing: no such directory"},
         {{"unpack", file, file}, "m.mms: cannot be made"},
         {{"render", file, "-o", path("s.gif")}, "s.gif"},
