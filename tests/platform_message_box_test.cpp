@@ -7,13 +7,6 @@
 
 namespace {
 
-QStringList errors;
-
-void keepErrors(QtMsgType type, const QMessageLogContext&, const QString& line) {
-    if (type == QtCriticalMsg)
-        errors += line;
-}
-
 /// An application without a screen, and what its modal boxes showed. Every box is closed at once, by
 /// its button number `press`, or as if with the Escape key when there is none such.
 struct Screen {
@@ -31,24 +24,22 @@ struct Screen {
         });
         timer.start(20);
     }
-    int argc = 3;
-    char name[5] = "test", option[10] = "-platform", value[10] = "offscreen";
-    char* argv[4] = {name, option, value, nullptr};
-    QApplication application{argc, argv};
+    bool offscreen = qputenv("QT_QPA_PLATFORM", "offscreen");
+    int argc = 0;
+    QApplication application{argc, nullptr};
     QTimer timer;
     QStringList shown;
     QSize icon;
 };
 
 TEST(MessageBox, logsWithoutAnApplicationThatHasWindows) {
-    errors.clear();
-    qInstallMessageHandler(keepErrors);
+    const Log log;
     EXPECT_EQ(LumMessageBox::information(nullptr, QImage(), "Hello <b>you</b>", "ok"), -1);
     MMS_COMP_Util::noFlashMsgBox();
     int argc = 0;
     const QCoreApplication application(argc, nullptr);
     EXPECT_EQ(LumMessageBox::information(nullptr, QImage(), "Hello", "ok"), -1);
-    EXPECT_EQ(errors.join('|'), "Hello <b>you</b>|Memory is full, Action is not allowed!|Hello");
+    EXPECT_EQ(Log::lines.join('|'), "Hello <b>you</b>|Memory is full, Action is not allowed!|Hello");
 }
 
 TEST(MessageBox, showsTheNoticeAndTellsTheButtonPressed) {

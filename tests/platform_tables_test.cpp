@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QLoggingCategory>
-#include <QScopeGuard>
 
 namespace {
 
@@ -71,20 +70,15 @@ TEST(Setting, largestMessageSizeAndTemporaryDirectory) {
 }
 
 TEST(OctetLog, saysNothingUnasked) {
-    static QStringList lines;
-    const auto former = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext&, const QString& line) { lines += line; });
-    const auto restore = qScopeGuard([former] {
-        qInstallMessageHandler(former);
-        QLoggingCategory::setFilterRules(QString());
-    });
+    const Log log;
     MMS_UTIL_Tool::logOut("secret", 6);
-    EXPECT_TRUE(lines.isEmpty());
+    EXPECT_TRUE(Log::lines.isEmpty());
     QLoggingCategory::setFilterRules("lum.mms.octets.debug=true");
     MMS_UTIL_Tool::logOut("a\0b", 3);
     MMS_UTIL_Tool::logOut(nullptr, 3);
     MMS_UTIL_Tool::logOut("a", -1);
-    EXPECT_EQ(lines.join('|'), "61 00 62");
+    QLoggingCategory::setFilterRules(QString());
+    EXPECT_EQ(Log::lines.join('|'), "61 00 62");
 }
 
 } // namespace

@@ -40,6 +40,18 @@ inline QString put(const QString& path, const QByteArray& octets) {
     return path;
 }
 
+/// Keeps what is logged, which is then not shown, as long as it lives.
+struct Log {
+    Log() { lines.clear(); }
+    ~Log() { qInstallMessageHandler(former); }
+    Log(const Log&) = delete;
+    Log& operator=(const Log&) = delete;
+
+    static inline QStringList lines;
+    const QtMessageHandler former = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext&, const QString& line) { lines += line; });
+};
+
 /// Expects of every row "input = result" that `work` makes that result of that input.
 template <class Work>
 void expectRows(const QStringList& rows, Work work) {
