@@ -18,8 +18,8 @@ public:
     ///
     /// CODEC_READ; CODEC_NO_MESSAGE when `msg` is null; CODEC_MALFORMED when the input ends inside a
     /// field, or a field does not hold what it should: the message keeps the fields read by then and has no
-    /// body. Whether mandatory fields are there
-    /// and in order is for the message to tell (MMS_UA_UAMsg::mandatoryFldsPresentInPDU(), pduOrderCheck()).
+    /// body. Whether mandatory fields are there and in order is for the message to tell
+    /// (MMS_UA_UAMsg::mandatoryFldsPresentInPDU(), pduOrderCheck()).
     unsigned char decodeHeader(unsigned char* data, unsigned int& length, MMS_UA_UAMsg* msg);
 
     /// A new codec for a field code, which the caller deletes; null for a code that has none.

@@ -6,6 +6,7 @@
 
 namespace {
 
+/// The octets of a picture's file.
 QByteArray file(const QImage& image, const char* format) {
     QBuffer buffer;
     EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format));
