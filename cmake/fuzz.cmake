@@ -7,9 +7,7 @@ function(lum_fuzz_program name target)
     add_executable(${name} fuzz/${target}_fuzz.cpp ${ARGN})
     target_link_libraries(${name} PRIVATE lumsmilparser)
     if(target STREQUAL message) # shows what the program shows
-        file(GLOB shown_sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/*.cpp)
-        list(FILTER shown_sources EXCLUDE REGEX "/main.cpp$")
-        target_sources(${name} PRIVATE ${shown_sources})
+        target_link_libraries(${name} PRIVATE lummmsprogram)
     endif()
 endfunction()
 

@@ -2,7 +2,7 @@
 
 #include "fuzz/input.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/show.h"
+#include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
 
 namespace {

@@ -4,6 +4,8 @@
 #include "multipart/multipart.h"
 #include "qt2/qarray.h"
 #include "smil/model/presentation.h"
+#include "tools/lummms/exit_status.h"
+#include "tools/lummms/files.h"
 
 #include <QSet>
 #include <QString>
@@ -11,23 +13,6 @@
 #include <memory>
 
 class MMS_COMP_SMILMultipartBodypart;
-
-/// What lummms ends with.
-enum EXIT_STATUS : int {
-    EXIT_DONE = 0,      ///< done
-    EXIT_MALFORMED = 1, ///< the input is malformed; what could be read was still used
-    EXIT_UNUSABLE = 2,  ///< wrong usage, or a file that cannot be read or written
-};
-
-/// Reads a file into `octets`. False, with the reason in `cause`, when it cannot be read.
-bool loadFile(const QString& path, QArray<char>& octets, QString& cause);
-
-/// Why no file can be opened at that path, for a message to the user.
-QString whyNotOpened(const QString& path);
-
-/// Writes a file whole, in place of one that is there, or leaves everything as it was: then false, with the
-/// reason in `cause`. What is there and is no ordinary file, such as a device, is never replaced.
-bool saveFile(const QString& path, const QByteArray& octets, QString& cause);
 
 /// Whether a content type is that of a body made of parts.
 bool isMultipart(const MMS_CONTENT_TYPE_T& type);

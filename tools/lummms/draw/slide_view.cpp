@@ -1,11 +1,11 @@
-#include "tools/lummms/slide_view.h"
+#include "tools/lummms/draw/slide_view.h"
 
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
 #include "smil/parser/smil_parser.h"
+#include "tools/lummms/draw/wbmp.h"
 #include "tools/lummms/message.h"
 #include "tools/lummms/terminal.h"
-#include "tools/lummms/wbmp.h"
 #include "tools/lummms/words.h"
 
 #include <QBuffer>

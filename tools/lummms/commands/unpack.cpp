@@ -4,7 +4,7 @@
 #include "tools/lummms/command.h"
 #include "tools/lummms/media_files.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/show.h"
+#include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 #include "util/mms_comp_util.h"

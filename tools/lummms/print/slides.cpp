@@ -1,7 +1,7 @@
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/show.h"
+#include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 

@@ -1,4 +1,4 @@
-#include "tools/lummms/wbmp.h"
+#include "tools/lummms/draw/wbmp.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,9 +1,9 @@
 #include "multipart/body_part.h"
 #include "smil/model/layout.h"
 #include "smil/model/presentation.h"
+#include "tools/lummms/draw/draw.h"
+#include "tools/lummms/draw/slide_view.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/render.h"
-#include "tools/lummms/slide_view.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>

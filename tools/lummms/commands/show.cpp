@@ -1,6 +1,6 @@
 // lummms show: a message taken apart, for a person or for a program.
 
-#include "tools/lummms/show.h"
+#include "tools/lummms/print/print.h"
 
 #include "multipart/body_part.h"
 #include "tools/lummms/command.h"

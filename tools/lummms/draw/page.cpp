@@ -1,9 +1,9 @@
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
+#include "tools/lummms/draw/draw.h"
+#include "tools/lummms/draw/page_template.h"
+#include "tools/lummms/draw/slide_view.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/page_template.h"
-#include "tools/lummms/render.h"
-#include "tools/lummms/slide_view.h"
 #include "tools/lummms/terminal.h"
 
 #include <QBuffer>

@@ -1,7 +1,7 @@
 #include "codec/header_fields.h"
 #include "codec/message_kinds.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/show.h"
+#include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 

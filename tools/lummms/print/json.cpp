@@ -3,7 +3,7 @@
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/show.h"
+#include "tools/lummms/print/print.h"
 
 #include <QCryptographicHash>
 #include <QHash>

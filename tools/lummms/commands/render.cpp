@@ -1,10 +1,10 @@
 // lummms render: a message as the phone shows it, in a picture or on a page.
 
-#include "tools/lummms/render.h"
+#include "tools/lummms/draw/draw.h"
 
 #include "tools/lummms/command.h"
+#include "tools/lummms/draw/slide_view.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/slide_view.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 
