@@ -25,7 +25,7 @@ TEST_F(ShowTest, ShowsAMessageToAPerson) {
 }
 
 TEST_F(ShowTest, ShowsAMessageToAProgram) {
-    const Outcome run = lummms({"show", "--json", write("m.mms", message())});
+    const Outcome run = lummms({"show", "--json", "--phone", write("m.mms", message())});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.json(), QJsonDocument::fromJson(contents(SHOWN + "message.json")).object())
         << run.out.constData();

@@ -88,14 +88,25 @@ void Message::readPresentationWithGaps() {
     MMS_COMP_SMILParser().parse(smilPart->getBodyData(), &body, presentation.get());
 }
 
+QList<Problem> Message::problems() const {
+    QList<Problem> problems;
+    const auto add = [&problems](const QString& what) { problems += Problem{-1, SEVERITY_PROBLEM, what}; };
+    if (octets_.isEmpty())
+        add(QStringLiteral("is empty, which is no message"));
+    if (result != CODEC_READ)
+        add(QStringLiteral("header ") + explained(codecResultWords, "result", result));
+    if (bodyStatus)
+        add(QStringLiteral("body ") + explained(bodyStatusWords, "status", bodyStatus));
+    if (smilStatus)
+        add(QStringLiteral("presentation: ") + explained(smilStatusWords, "status", smilStatus));
+    return problems;
+}
+
 QString Message::causeOfMalformation() const {
     QStringList causes;
-    if (result != CODEC_READ)
-        causes += QStringLiteral("header ") + explained(codecResultWords, "result", result);
-    if (bodyStatus)
-        causes += QStringLiteral("body ") + explained(bodyStatusWords, "status", bodyStatus);
-    if (smilStatus)
-        causes += QStringLiteral("presentation: ") + explained(smilStatusWords, "status", smilStatus);
+    for (const Problem& problem : problems())
+        if (problem.severity == SEVERITY_PROBLEM)
+            causes += problem.what;
     return causes.join(QStringLiteral("; "));
 }
 

@@ -6,7 +6,9 @@
 #include "smil/model/presentation.h"
 #include "tools/lummms/exit_status.h"
 #include "tools/lummms/files.h"
+#include "tools/lummms/reading.h"
 
+#include <QList>
 #include <QSet>
 #include <QString>
 
@@ -17,11 +19,28 @@ class MMS_COMP_SMILMultipartBodypart;
 /// Whether a content type is that of a body made of parts.
 bool isMultipart(const MMS_CONTENT_TYPE_T& type);
 
-/// A message read from a PDU file: what an application makes of the octets that came over the air.
+/// How much something that is wrong with a message weighs.
+enum SEVERITY : int {
+    SEVERITY_PROBLEM, ///< something is malformed, or not understood
+    SEVERITY_NOTE,    ///< off the rules, and read all the same
+};
+
+/// Something that is wrong with a message.
+struct Problem {
+    qint64 offset; ///< the octet in the PDU; -1 when it has no one place
+    SEVERITY severity;
+    QString what; ///< a sentence without its full stop
+};
+
+/// A message read from a PDU: header, body and presentation, by one of the two readings. Reading is cheap:
+/// nothing is done but what is asked for, and payloads are copied once at most. An object reads one message.
 class Message {
 public:
+    explicit Message(READING reading = READING_SENT) : reading_(reading) {}
+    READING reading() const { return reading_; }
+
     /// Reads file, header and body. False, with the reason in `cause`, when the file cannot be read;
-    /// what is wrong inside the message is kept for causeOfMalformation().
+    /// what is wrong inside the message is kept for problems().
     bool read(const QString& path, QString& cause);
     /// Reads header and body from octets that are shared with whoever gives them.
     void read(const QArray<char>& octets);
@@ -34,7 +53,9 @@ public:
     /// Whether a part only stands in for content that is not there.
     bool isMissing(const MMS_COMP_SMILMultipartBodypart* part) const { return standIns_.contains(part); }
 
-    /// What kept the message from being read whole; empty for a sound message.
+    /// What is wrong with the message, in the order of the octets; of the presentation, once it was read.
+    QList<Problem> problems() const;
+    /// The problems without the notes, in one line; empty for a sound message.
     QString causeOfMalformation() const;
     /// Complains about a malformed message, and gives the exit status that the message deserves.
     int verdict(const QString& path) const;
@@ -56,6 +77,7 @@ public:
 private:
     void addStandIns();
 
+    READING reading_;
     QSet<const MMS_COMP_SMILMultipartBodypart*> standIns_;
     QArray<char> octets_; // the header's bodyStart points into them
 };

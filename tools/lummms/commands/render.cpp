@@ -56,7 +56,7 @@ int render(const CommandLine& line) {
                                 .arg(LARGEST_SCALE));
         return EXIT_UNUSABLE;
     }
-    Message message;
+    Message message(readingAskedFor(line));
     QString cause;
     if (!message.read(path, cause)) {
         complain(path, cause);
@@ -91,7 +91,7 @@ Command renderCommand() {
     return {
         "render",
         "Draws the slides of a message as the phone shows them.",
-        {"FILE -o SLIDES.png [--scale NUMBER]", "FILE -o SLIDES.html"},
+        {"FILE -o SLIDES.png [--scale NUMBER] [--phone]", "FILE -o SLIDES.html [--phone]"},
         "A .png has the slides side by side: the region for texts above the one for pictures, marks\n"
         "for sound and video, and the duration below. A .html is one page that plays the slides;\n"
         "arrow keys and buttons step through them, the space bar stops and goes on.\n"
@@ -99,6 +99,7 @@ Command renderCommand() {
         {
             {{"o", "output"}, "The file to write; its ending tells the kind.", "FILE"},
             {"scale", "Pixels of the picture for a pixel of the phone, 1 to 4 (usually 2).", "NUMBER"},
+            phoneOption(),
         },
         {"FILE"},
         {},

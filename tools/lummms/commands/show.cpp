@@ -74,7 +74,7 @@ QString table(const QList<Row>& rows) {
 
 int show(const CommandLine& line) {
     const QString path = line.files.first();
-    Message message;
+    Message message(readingAskedFor(line));
     QString cause;
     if (!message.read(path, cause)) {
         complain(path, cause);
@@ -137,12 +137,12 @@ Command showCommand() {
     return {
         QStringLiteral("show"),
         QStringLiteral("Shows a message: header, parts and slides."),
-        {QStringLiteral("[--json] FILE")},
+        {QStringLiteral("[--json] [--phone] FILE")},
         QStringLiteral(
             "FILE is an MMS PDU as it comes over the air. Of a malformed one everything is shown that\n"
             "could be read. The Date that is shown is the moment of reading: a received message\n"
             "does not keep the time at which it was sent.\n"),
-        {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")}},
+        {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")}, phoneOption()},
         {QStringLiteral("FILE")},
         QString(),
         show,

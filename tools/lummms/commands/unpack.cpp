@@ -99,7 +99,7 @@ bool Unpacker::write(const MMS_COMP_SMILMultipartBodypart& part) {
 int unpack(const CommandLine& line) {
     const QString path = line.files.at(0);
     const QString directory = line.files.at(1);
-    Message message;
+    Message message(readingAskedFor(line));
     QString cause;
     if (!message.read(path, cause)) {
         complain(path, cause);
@@ -122,11 +122,11 @@ Command unpackCommand() {
     return {
         "unpack",
         "Writes the parts of a message into a directory.",
-        {"FILE DIR"},
+        {"[--phone] FILE DIR"},
         "Every part becomes a new file in DIR, which is made if need be, under the file name of its\n"
         "Content-Location, parts within parts too. A name that is taken gets a number (photo_0.jpg);\n"
         "no file that is there is overwritten. Prints a line for each file.\n",
-        {},
+        {phoneOption()},
         {"FILE", "DIR"},
         {},
         unpack,

@@ -215,8 +215,11 @@ QJsonObject presentationJson(Message& message) {
 
 } // namespace
 
-QByteArray messageForProgram(Message& message) {
-    QJsonObject json{{"result", message.result}, {"header", headerJson(message.header)}};
+QJsonObject toJson(Message& message) {
+    const bool sent = message.reading() == READING_SENT;
+    QJsonObject json{{"reading", sent ? QStringLiteral("sent") : QStringLiteral("phone")},
+                     {"result", message.result},
+                     {"header", headerJson(message.header)}};
     if (message.result == 0) {
         json.insert("bodyOffset", message.bodyOffset());
         json.insert("bodyLength", qint64(message.header.bodyLength));
@@ -226,5 +229,9 @@ QByteArray messageForProgram(Message& message) {
     message.readPresentation();
     if (message.smilPart)
         json.insert("presentation", presentationJson(message));
-    return QJsonDocument(json).toJson();
+    return json;
+}
+
+QByteArray messageForProgram(Message& message) {
+    return QJsonDocument(toJson(message)).toJson();
 }

@@ -7,6 +7,7 @@ class MMS_COMP_SMILData;
 class MMS_COMP_SMILMultipartBodypart;
 class MMS_UA_UAMsg;
 class Message;
+class QJsonObject;
 
 // The pieces of what `lummms show` prints.
 
@@ -18,6 +19,8 @@ QString partsForPerson(Message& message);
 QString slidesForPerson(const Message& message);
 /// The whole message as JSON. Reads the presentation itself, since it shows the parts as they were
 /// before.
+QJsonObject toJson(Message& message);
+/// The same as the text of a document of its own, with a line for each value unless there are very many.
 QByteArray messageForProgram(Message& message);
 
 /// "image/jpeg"; what a message has for it instead of that.
