@@ -81,19 +81,23 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--to", "1", "--slide", "5", write("l.txt", "\xE9t\xE9")}, "UTF-8"},
         {{"--to", "1", "--attach", large}, "308224 octets are more than the 307200"},
         {{"--to", "1", "stray"}, "stray"},
+        {{"--to", "1", "--slide", "-5", "text:a"}, "'-5'"},
+        {{"--to", "1", "--slide", "5", "-p.png"}, "'-p.png'"},
+        {{"--to", "1", "--slide", "5", "--p.png=1"}, "'--p.png=1'"},
     };
     for (const auto& [arguments, cause] : rows) {
         expectRefused(QStringList{"compose", "-o", path("m.mms")} + arguments, cause);
         EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << cause;
     }
     ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // neither is a device replaced
-    expectRefused({"compose", "-o", path("null"), "--to", "1", "--slide", "5", "text:a"}, "null");
+    expectRefused({"compose", "-o", path("null"), "--force", "--to", "1", "--slide", "5", "text:a"}, "null");
     write("m.mms", "before");
-    EXPECT_EQ(
-        lummms({"compose", "-o", path("m.mms"), "--to", "1", "--slide", "5", "text:" + QString(2000, 'x')},
-               {"LUM_MMS_MAX_SIZE_KB=1"})
-            .status,
-        2);
+    expectRefused({"compose", "-o", path("m.mms"), "--to", "1"}, "m.mms: is there already (--force");
+    EXPECT_EQ(lummms({"compose", "-o", path("m.mms"), "--force", "--to", "1", "--slide", "5",
+                      "text:" + QString(2000, 'x')},
+                     {"LUM_MMS_MAX_SIZE_KB=1"})
+                  .status,
+              2);
     EXPECT_EQ(read("m.mms"), "before");
 }
 

@@ -45,7 +45,7 @@ protected:
         };
         write("m.mms",
               octets("8C 84 8D 90 96") + zeroed("<img src=x onerror=alert(2)>") + related(smil, parts));
-        return lummms(QStringList{"render", path("m.mms"), "-o", path(output)} + options);
+        return lummms(QStringList{"render", path("m.mms"), "--force", "-o", path(output)} + options);
     }
     QColor pixel(const QImage& image, int slide, int x, int y) const {
         return image.pixelColor(6 + slide * 132 + x, 6 + y); // at --scale 1

@@ -21,10 +21,13 @@ struct Outcome {
 };
 
 /// Runs the program; a crash gives the status -1.
-inline Outcome lummms(const QStringList& arguments, const QStringList& environment = {}) {
+inline Outcome lummms(const QStringList& arguments, const QStringList& environment = {},
+                      const QByteArray& input = {}) {
     QProcess process;
     process.setEnvironment(QProcess::systemEnvironment() + environment);
     process.start(QStringLiteral(LUMMMS), arguments);
+    process.write(input);
+    process.closeWriteChannel();
     process.waitForFinished(60'000);
     const bool exited = process.exitStatus() == QProcess::NormalExit;
     return {exited ? process.exitCode() : -1, process.readAllStandardOutput(),

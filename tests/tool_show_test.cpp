@@ -2,6 +2,8 @@
 
 #include <QJsonArray>
 
+#include <sys/stat.h>
+
 namespace {
 
 using ShowTest = ToolTest;
@@ -88,8 +90,11 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
     const std::pair<QStringList, const char*> rows[] = {
         {{}, "no command"},
         {{"dance"}, "dance: no such command"},
-        {{"show", "--loud", "x"}, "'loud'"},
-        {{"show", "a", "b"}, "'b'"},
+        {{"show", "--loud", "x"}, "unknown option '--loud'"},
+        {{"show"}, "FILE is missing"},
+        {{"smil", "a", "b"}, "'b'"},
+        {{"show", ":x"}, ":x: no such file"},
+        {{"show", "/dev/zero"}, "64 MiB"},
         {{"show", path("")}, "is a directory"},
         {{"show", path("\x1B[2J")}, "\\u001b[2J: no such file"},
         {{"smil", write("s.smil", SMIL), "--parts", path("missing")}, "missing: no such directory"},
@@ -105,6 +110,30 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
     for (const QStringList& arguments : {QStringList{"help"}, {"show", "--help"}, {"help", "smil"}}) {
         EXPECT_EQ(lummms(arguments).status, 0);
         EXPECT_TRUE(lummms(arguments).out.contains("Usage:"));
+    }
+}
+
+TEST_F(ShowTest, ReadsPipesAndStandardInputToTheirEnd) {
+    const QByteArray large = message().replace("Hello", QByteArray(300'000, 'x')); // more than a pipe holds
+    const QString file = write("m.mms", large);
+    const QByteArray expected = lummms({"show", "--json", file}).out;
+    EXPECT_EQ(lummms({"show", "--json", "-"}, {}, large).out, expected);
+    EXPECT_EQ(lummms({"show", "--json", "/dev/stdin"}, {}, large).out, expected);
+    ASSERT_EQ(mkfifo(qPrintable(path("fifo")), 0600), 0);
+    QProcess writer;
+    writer.start("/bin/sh", {"-c", "cat \"$1\" >\"$2\"", "sh", file, path("fifo")});
+    EXPECT_EQ(lummms({"show", "--json", path("fifo")}).out, expected);
+    EXPECT_TRUE(writer.waitForFinished());
+}
+
+TEST_F(ShowTest, OfManyFilesTheWorstGivesTheStatus) {
+    const QString sound = write("m.mms", message()), cut = write("cut.mms", message().chopped(1));
+    const std::pair<QStringList, int> rows[] = {
+        {{sound, sound}, 0}, {{sound, cut, sound}, 1}, {{path("no"), cut, sound}, 2}};
+    for (const auto& [files, status] : rows) {
+        const Outcome run = lummms(QStringList("show") + files);
+        EXPECT_EQ(run.status, status);
+        EXPECT_TRUE(run.out.contains("==> " + sound.toUtf8() + " <==\nHeader")) << run.out.constData();
     }
 }
 

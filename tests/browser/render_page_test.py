@@ -105,11 +105,11 @@ class RenderedPage(unittest.TestCase):
         """Opens the page of a message with a text and a picture on each slide."""
         with open(self.path("red.png"), "wb") as file:
             file.write(png(40, 30, (255, 0, 0)))
-        command = [LUMMMS, "compose", "-o", self.path("m.mms"), "--to", "1", "--subject", MARKUP]
+        command = [LUMMMS, "compose", "--force", "-o", self.path("m.mms"), "--to", "1", "--subject", MARKUP]
         for number, duration in enumerate(durations, 1):
             command += ["--slide", duration, f"text:slide {number} {MARKUP}", self.path("red.png")]
         subprocess.run(command, check=True)
-        subprocess.run([LUMMMS, "render", self.path("m.mms"), "-o", self.path("m.html")], check=True)
+        subprocess.run([LUMMMS, "render", self.path("m.mms"), "--force", "-o", self.path("m.html")], check=True)
         self.browser.open(self.path("m.html"))
 
     def shown(self):

@@ -2,9 +2,10 @@
 // here is only what they share: finding the command, its options, and its help.
 
 #include "tools/lummms/command.h"
-#include "tools/lummms/message.h"
+#include "tools/lummms/files.h"
 #include "tools/lummms/terminal.h"
 
+#include <QFileInfo>
 #include <QtGlobal>
 
 #include <algorithm>
@@ -24,7 +25,9 @@ QString overview(const QList<Command>& commands) {
            QStringLiteral("  help      Shows this text, or with a command's name the help of that "
                           "command.\n\n"
                           "lummms COMMAND --help tells all about a command, lummms --version the "
-                          "version.\n\n"
+                          "version.\n"
+                          "A FILE \"-\" is standard input where it is read and standard output where it "
+                          "is written; a\npipe is read to its end, 64 MiB at most.\n\n"
                           "Exit status: 0 done; 1 the input is malformed, what could be read was still "
                           "used;\n2 wrong usage, a file that cannot be read or written, or a message "
                           "too large or without anything to draw.\n");
@@ -74,7 +77,7 @@ QList<QStringList> takeGroups(QStringList& arguments, const QString& name) {
         if (argument == option) {
             groups += QStringList();
             inGroup = true;
-        } else if (inGroup && !argument.startsWith(u'-')) {
+        } else if (inGroup && (argument == STANDARD_STREAM || !argument.startsWith(u'-'))) {
             groups.last() += argument;
         } else {
             inGroup = false;
@@ -90,6 +93,33 @@ int misused(const Command& command, const QString& cause) {
     return EXIT_UNUSABLE;
 }
 
+/// What the parser did not understand, as it was typed: of "-p.png" the parser names each letter.
+QString whyNotUnderstood(const QCommandLineParser& options, const QStringList& arguments) {
+    const QStringList unknown = options.unknownOptionNames();
+    for (const QString& argument : arguments)
+        if (!unknown.isEmpty() && argument.size() > 1 && argument.startsWith(u'-') &&
+            argument.mid(argument.startsWith(QLatin1String("--")) ? 2 : 1).startsWith(unknown.first()))
+            return QStringLiteral("unknown option '%1'").arg(argument) +
+                   (QFileInfo::exists(argument) ? QStringLiteral("; the file is ./%1").arg(argument)
+                                                : QString());
+    return options.errorText();
+}
+
+/// What is wrong with the number of arguments; empty if nothing is.
+QString whyNotAsMany(const QStringList& names, const QStringList& given) {
+    qsizetype required = 0;
+    bool anyNumber = false;
+    for (const QString& name : names) {
+        const bool isOptional = name.startsWith(u'[');
+        anyNumber = anyNumber || name.contains(QLatin1String("..."));
+        if (!isOptional && ++required > given.size())
+            return QString(name).remove(QLatin1String("...")) + QStringLiteral(" is missing");
+    }
+    if (!anyNumber && given.size() > names.size())
+        return QStringLiteral("unexpected argument '%1'").arg(given.at(names.size()));
+    return QString();
+}
+
 int run(const Command& command, QStringList arguments) {
     CommandLine line;
     line.groups = takeGroups(arguments, command.manyValued);
@@ -103,14 +133,10 @@ int run(const Command& command, QStringList arguments) {
         return EXIT_DONE;
     }
     if (!understood)
-        return misused(command, line.options.errorText());
+        return misused(command, whyNotUnderstood(line.options, arguments));
     line.files = line.options.positionalArguments();
-    if (line.files.size() < command.arguments.size())
-        return misused(command, command.arguments.at(line.files.size()) + QStringLiteral(" is missing"));
-    if (line.files.size() > command.arguments.size())
-        return misused(
-            command, QStringLiteral("unexpected argument '%1'").arg(line.files.at(command.arguments.size())));
-    return command.run(line);
+    const QString wrong = whyNotAsMany(command.arguments, line.files);
+    return wrong.isEmpty() ? command.run(line) : misused(command, wrong);
 }
 
 int runNamed(QStringList arguments) {

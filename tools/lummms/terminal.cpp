@@ -38,9 +38,9 @@ QString escaped(QStringView text, bool keepLineEnds) {
     return shown;
 }
 
-void write(std::FILE* stream, const QString& text) {
-    const QByteArray octets = text.toUtf8();
-    std::fwrite(octets.constData(), 1, static_cast<size_t>(octets.size()), stream);
+bool write(std::FILE* stream, QByteArrayView octets) {
+    const auto size = static_cast<size_t>(octets.size());
+    return std::fwrite(octets.data(), 1, size, stream) == size;
 }
 
 } // namespace
@@ -70,7 +70,11 @@ QString printableLines(const QString& text) {
 }
 
 void print(const QString& text) {
-    write(stdout, text);
+    write(stdout, text.toUtf8());
+}
+
+bool printOctets(QByteArrayView octets) {
+    return write(stdout, octets);
 }
 
 bool printsToTerminal() {
@@ -83,5 +87,6 @@ bool printedAll() {
 
 void complain(const QString& subject, const QString& cause) {
     const QString where = subject.isEmpty() ? QString() : printable(subject) + QStringLiteral(": ");
-    write(stderr, QStringLiteral("lummms: ") + where + printable(cause) + u'\n');
+    const QString line = QStringLiteral("lummms: ") + where + printable(cause) + u'\n';
+    write(stderr, line.toUtf8());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
@@ -20,6 +21,8 @@ QString printableLines(const QString& text);
 
 /// Writes to the standard output, in UTF-8.
 void print(const QString& text);
+/// Writes octets to the standard output as they are. False when that fails.
+bool printOctets(QByteArrayView octets);
 
 /// Whether the standard output is a terminal.
 bool printsToTerminal();

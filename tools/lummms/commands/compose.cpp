@@ -53,7 +53,7 @@ private:
     bool addItem(int number, MMS_COMP_SMILTimingContainer& slide, const Item& item, QStringList& kept);
     bool addAttachment(const QString& path);
     void addPresentationPart();
-    bool writeMessage(const QString& path);
+    bool writeMessage(const CommandLine& line);
 
     MMS_UA_UAMsg header_;
     MMS_COMP_SMILMultipart body_;
@@ -255,7 +255,8 @@ void Composer::addPresentationPart() {
     MMS_COMP_SMILParser::updateToVarnelioRegion(&presentation_);
 }
 
-bool Composer::writeMessage(const QString& path) {
+bool Composer::writeMessage(const CommandLine& line) {
+    const QString path = line.options.value("output");
     if (smilPart_) {
         presentation_.removeEmptyTextBeforeSend();
         smilPart_->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(&presentation_).toUtf8());
@@ -275,14 +276,11 @@ bool Composer::writeMessage(const QString& path) {
                                    : explained(codecResultWords, "result", result));
     if (length + body.size() > largestMessage())
         return refuseSize(path, length + body.size());
-    QString cause;
-    const QByteArray message = QByteArray(reinterpret_cast<char*>(octets), length) + body;
-    return saveFile(path, message, cause) || refuse(path, cause);
+    return writeOutput(line, QByteArray(reinterpret_cast<char*>(octets), length) + body);
 }
 
 bool Composer::compose(const CommandLine& line) {
-    const QString output = line.options.value("output");
-    if (output.isEmpty())
+    if (line.options.value("output").isEmpty())
         return refuse("-o", QStringLiteral("the file to write is missing"));
     if (!setHeader(line.options))
         return false;
@@ -296,7 +294,7 @@ bool Composer::compose(const CommandLine& line) {
     for (const QString& path : attachments)
         if (!addAttachment(path))
             return false;
-    return writeMessage(output);
+    return writeMessage(line);
 }
 
 int compose(const CommandLine& line) {
@@ -317,7 +315,8 @@ Command composeCommand() {
         "A message larger than what networks let through (300 KB, or as many as the environment\n"
         "variable LUM_MMS_MAX_SIZE_KB says) is refused, and nothing is written.\n",
         {
-            {{"o", "output"}, "The file to write.", "FILE"},
+            outputOption("The file to write."),
+            forceOption(),
             {"from", "The sender; without one the network fills it in.", "ADDRESS"},
             {"to", "A recipient; may be given again, like --cc and --bcc.", "ADDRESS"},
             {"cc", "A recipient of a copy.", "ADDRESS"},

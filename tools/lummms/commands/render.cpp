@@ -29,18 +29,17 @@ void prepareSurroundings() {
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
-int save(const QString& output, const QByteArray& octets) {
-    QString cause = QStringLiteral("the picture cannot be made");
-    if (!octets.isEmpty() && saveFile(output, octets, cause))
-        return EXIT_DONE;
-    complain(output, cause);
-    return EXIT_UNUSABLE;
+int save(const CommandLine& line, const QByteArray& octets) {
+    if (octets.isEmpty())
+        complain(line.options.value("output"), QStringLiteral("the picture cannot be made"));
+    return !octets.isEmpty() && writeOutput(line, octets) ? EXIT_DONE : EXIT_UNUSABLE;
 }
 
 int render(const CommandLine& line) {
     const QString path = line.files.first();
     const QString output = line.options.value("output");
-    const QString kind = QFileInfo(output).suffix().toLower();
+    const QString kind =
+        output == STANDARD_STREAM ? QStringLiteral("png") : QFileInfo(output).suffix().toLower();
     if (kind != u"png" && kind != u"html") {
         complain("-o", output.isEmpty()
                            ? QStringLiteral("the file to write is missing")
@@ -79,7 +78,7 @@ int render(const CommandLine& line) {
     const QGuiApplication application(count, arguments);
     int leftOut = 0;
     const int saved =
-        save(output, kind == u"png" ? slidesAsPng(message, scale, leftOut) : slidesAsPage(message, leftOut));
+        save(line, kind == u"png" ? slidesAsPng(message, scale, leftOut) : slidesAsPage(message, leftOut));
     if (saved == EXIT_DONE && leftOut)
         complain(output, QStringLiteral("there was no room for %1").arg(counted(leftOut, "further slide")));
     return saved == EXIT_DONE ? verdict : saved;
@@ -97,7 +96,8 @@ Command renderCommand() {
         "arrow keys and buttons step through them, the space bar stops and goes on.\n"
         "A message without a presentation is shown part by part.\n",
         {
-            {{"o", "output"}, "The file to write; its ending tells the kind.", "FILE"},
+            outputOption("The file to write; its ending tells the kind, and \"-\" is a picture."),
+            forceOption(),
             {"scale", "Pixels of the picture for a pixel of the phone, 1 to 4 (usually 2).", "NUMBER"},
             phoneOption(),
         },

@@ -72,8 +72,7 @@ QString table(const QList<Row>& rows) {
     return text;
 }
 
-int show(const CommandLine& line) {
-    const QString path = line.files.first();
+int showOne(const CommandLine& line, const QString& path) {
     Message message(readingAskedFor(line));
     QString cause;
     if (!message.read(path, cause)) {
@@ -84,10 +83,17 @@ int show(const CommandLine& line) {
         print(printableLines(QString::fromUtf8(messageForProgram(message))));
         return message.verdict(path);
     }
+    const bool isOneOfMany = line.files.size() > 1;
+    if (isOneOfMany)
+        print(QStringLiteral("==> %1 <==\n").arg(printable(path)));
     print(headerForPerson(message.header) + partsForPerson(message));
     message.readPresentationWithGaps();
-    print(slidesForPerson(message));
+    print(slidesForPerson(message) + (isOneOfMany ? QStringLiteral("\n") : QString()));
     return message.verdict(path);
+}
+
+int show(const CommandLine& line) {
+    return worstOf(line.files, [&](const QString& path) { return showOne(line, path); });
 }
 
 } // namespace
@@ -137,13 +143,13 @@ Command showCommand() {
     return {
         QStringLiteral("show"),
         QStringLiteral("Shows a message: header, parts and slides."),
-        {QStringLiteral("[--json] [--phone] FILE")},
+        {QStringLiteral("[--json] [--phone] FILE...")},
         QStringLiteral(
             "FILE is an MMS PDU as it comes over the air. Of a malformed one everything is shown that\n"
             "could be read. The Date that is shown is the moment of reading: a received message\n"
             "does not keep the time at which it was sent.\n"),
         {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")}, phoneOption()},
-        {QStringLiteral("FILE")},
+        {QStringLiteral("FILE...")},
         QString(),
         show,
     };

@@ -1,0 +1,22 @@
+#include "tools/lummms/command.h"
+
+#include "tools/lummms/files.h"
+#include "tools/lummms/terminal.h"
+
+QCommandLineOption outputOption(const QString& description) {
+    return {{"o", "output"}, description, "FILE"};
+}
+
+QCommandLineOption forceOption() {
+    return QCommandLineOption("force", "Replaces a file that is there already.");
+}
+
+bool writeOutput(const CommandLine& line, const QByteArray& octets) {
+    const QString path = line.options.value("output");
+    const IfThere ifThere = line.options.isSet("force") ? IfThere::REPLACE : IfThere::REFUSE;
+    QString cause;
+    if (saveFile(path, octets, ifThere, cause))
+        return true;
+    complain(path, cause);
+    return false;
+}
