@@ -147,6 +147,20 @@ TEST_F(Reader, ChecksTheFrame) {
     EXPECT_EQ(parser.parseMediaObjectParam(nullptr, nullptr), -6);
 }
 
+TEST_F(Reader, TellsWhereAnErrorIs) {
+    const std::pair<QByteArray, const char*> rows[] = {
+        {"<smil>\n <a></smil>", "2:11"}, {"stray\n x<smil>\n <bodi></body></smil>", "3:14"},
+        {"ab<smil><a></smil>", "1:18"},  {"<smil><body/>\n<body/></smil>", "2:7"},
+        {"<smile>\n</smile>", "1:7"},    {"<smil>\n\n<body>" + nested("par", 11) + "</body></smil>", "3:61"},
+        {"<smil><x/></smil>", "0:0"},    {"", "0:0"},
+    };
+    for (const auto& [smil, place] : rows) {
+        parse(smil);
+        EXPECT_EQ(QString("%1:%2").arg(parser.getErrorLine()).arg(parser.getErrorColumn()), place)
+            << smil.constData();
+    }
+}
+
 TEST_F(Reader, TakesFilesAsTheyStand) {
     const QString umlaut = QString::fromUtf8("<smil><head><meta name='\xC3\xBC' content='c'/></head></smil>");
     const QByteArray latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" + umlaut.toLatin1();
@@ -210,6 +224,15 @@ TEST_F(Reader, DropsOneDuplicateAndNormalises) {
     octets = QArray<char>(smil(1, "<body/><body/>"));
     EXPECT_EQ(parser.parse(octets, &body, &received), -11);
     EXPECT_EQ(received.getRegion(3)->getId(), "o") << "not normalised after a failure";
+
+    MMS_COMP_SMILData kept(&body);
+    parser.setLayoutKept(true);
+    octets = QArray<char>(smil(2, "<body><img src='i' region='o'/></body>"));
+    EXPECT_EQ(parser.parse(octets, &body, &kept), 0);
+    ASSERT_EQ(kept.getRegionCount(), 2);
+    EXPECT_EQ(kept.getRegion(0)->getFit(), MMS_COMP_SMIL_FIT_HIDDEN) << "the sender's order";
+    EXPECT_EQ(kept.getRegion(1)->getId(), "o");
+    EXPECT_EQ(kept.getMediaObject(0, 0)->getRegionId(), "o");
 }
 
 TEST(Kinds, HaveWordsOfTheirOwn) {

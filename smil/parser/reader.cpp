@@ -46,13 +46,16 @@ void removeDuplicate(QString& smil, QLatin1StringView declaration) {
         smil.remove(first, declaration.size());
 }
 
-/// The text of octets that come without their closing zero, made ready for the XML reader.
-QString repairedText(const QArray<char>& octets) {
+/// The text of octets that come without their closing zero, made ready for the XML reader. `skipped` is what
+/// stood before it.
+QString repairedText(const QArray<char>& octets, bool keepDuplicates, QString& skipped) {
     const qsizetype size = octets.size();
     QString smil = QString::fromUtf8(octets.data(), octets[size - 1] == '\0' ? size - 1 : size);
     for (const QLatin1StringView region : STANDARD_REGIONS)
-        removeDuplicate(smil, region);
-    const qsizetype start = smil.indexOf(QLatin1StringView("<smil"));
+        if (!keepDuplicates)
+            removeDuplicate(smil, region);
+    const qsizetype start = std::max<qsizetype>(smil.indexOf(QLatin1StringView("<smil")), 0);
+    skipped = smil.first(start);
     return start > 0 ? smil.sliced(start) : smil;
 }
 
@@ -73,12 +76,6 @@ std::optional<QString> decodedXml(const QByteArray& octets) {
     return decode.hasError() ? std::nullopt : std::optional(text);
 }
 
-int readDocument(const QString& smil, QDomDocument& document) {
-    if (const int result = checkXmlLimits(smil))
-        return result;
-    return document.setContent(smil) ? READ : ERR_NOT_WELL_FORMED;
-}
-
 bool isMissing(const QDomElement* element) {
     return !element || element->isNull();
 }
@@ -95,15 +92,34 @@ bool isBodyElement(QStringView tag) {
 
 } // namespace
 
-int MMS_COMP_SMILParser::parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
+void MMS_COMP_SMILParser::startOver() {
     warning_ = WARNING_NONE;
+    errorLine_ = 0;
+    errorColumn_ = 0;
+}
+
+/// Remembers the place of an error, and gives the status.
+int MMS_COMP_SMILParser::failedAt(const QDomElement& element, int status) {
+    errorLine_ = element.lineNumber();
+    errorColumn_ = element.columnNumber();
+    return status;
+}
+
+int MMS_COMP_SMILParser::parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
+    startOver();
     if (!data || smil.isEmpty())
         return ERR_MISSING;
-    return parseText(repairedText(smil), body, data);
+    QString skipped;
+    const int result = parseText(repairedText(smil, layoutKept_, skipped), body, data);
+    if (errorLine_ == 1) // the places are those of the text as it came
+        errorColumn_ += static_cast<int>(skipped.size() - 1 - skipped.lastIndexOf(u'\n'));
+    if (errorLine_)
+        errorLine_ += static_cast<int>(skipped.count(u'\n'));
+    return result;
 }
 
 int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
-    warning_ = WARNING_NONE;
+    startOver();
     if (!data)
         return ERR_MISSING;
     QFile file(path);
@@ -116,12 +132,17 @@ int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body
 
 int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* body,
                                    MMS_COMP_SMILData* data) {
-    QDomDocument document;
-    if (const int result = readDocument(smil, document))
+    if (const int result = checkXmlLimits(smil))
         return result;
+    QDomDocument document;
+    QString error;
+    if (!document.setContent(smil, &error, &errorLine_, &errorColumn_))
+        return ERR_NOT_WELL_FORMED;
+    errorLine_ = 0;
+    errorColumn_ = 0;
     QDomElement root = document.documentElement();
     const int result = parseSmil(&root, body, data);
-    if (result == READ)
+    if (result == READ && !layoutKept_)
         updateToVarnelioRegion(data);
     return result;
 }
@@ -131,7 +152,7 @@ int MMS_COMP_SMILParser::parseSmil(QDomElement* element, MMS_COMP_SMILMultipart*
     if (isMissing(element) || !data)
         return ERR_MISSING;
     if (element->tagName() != QLatin1StringView("smil"))
-        return ERR_NOT_SMIL;
+        return failedAt(*element, ERR_NOT_SMIL);
     bool headRead = false;
     bool bodyRead = false;
     for (QDomElement child = element->firstChildElement(); !child.isNull();
@@ -139,14 +160,14 @@ int MMS_COMP_SMILParser::parseSmil(QDomElement* element, MMS_COMP_SMILMultipart*
         int result = READ;
         if (child.tagName() == QLatin1StringView("head")) {
             if (bodyRead)
-                return ERR_HEAD_BEHIND_BODY;
+                return failedAt(child, ERR_HEAD_BEHIND_BODY);
             if (headRead)
-                return ERR_SECOND_HEAD;
+                return failedAt(child, ERR_SECOND_HEAD);
             headRead = true;
             result = parseSmilHead(&child, data);
         } else if (child.tagName() == QLatin1StringView("body")) {
             if (bodyRead)
-                return ERR_SECOND_BODY;
+                return failedAt(child, ERR_SECOND_BODY);
             bodyRead = true;
             result = parseSmilBody(&child, body, data);
         } else {
@@ -293,7 +314,7 @@ int MMS_COMP_SMILParser::parseSmilPar(QDomElement* element, MMS_COMP_SMILMultipa
 int MMS_COMP_SMILParser::readContainer(QDomElement* element, MMS_COMP_SMILMultipart* body,
                                        MMS_COMP_SMILData* data, int& depth) {
     if (depth >= MAX_TIMING_DEPTH)
-        return ERR_TOO_DEEP;
+        return failedAt(*element, ERR_TOO_DEEP);
     ++depth;
     const int result = isPar(element->tagName()) ? parseSmilPar(element, body, data, depth)
                                                  : parseSmilSeq(element, body, data, depth);

@@ -16,8 +16,9 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int;
 
 /// Reads SMIL presentations into a document, lays them out for the phone's screen and writes them.
 ///
-/// A parser keeps nothing but its last warning: it is cheap to make and may read many documents in
-/// turn. Nothing that is handed to it changes its owner, and it owns nothing.
+/// A parser keeps its last warning, the place of its last error, and whether it keeps layouts: it is cheap
+/// to make and may read many documents in turn. Nothing that is handed to it changes its owner, and it
+/// owns nothing.
 ///
 /// The reading members give a status, 0 for success; the first other one ends the reading, and the
 /// document keeps what was added before it:
@@ -50,6 +51,17 @@ public:
     /// What the last parse() passed over: 0 nothing; 1 an element that has no place where it stood;
     /// 3 a media element whose content is missing; another positive value as the document gave it.
     int getLastWarning() const { return warning_; }
+
+    /// Makes parse() leave the layout as the sender wrote it, instead of normalising it for the phone's
+    /// screen. Nothing is dropped then, and references to regions stay. Off in a new parser.
+    void setLayoutKept(bool kept) { layoutKept_ = kept; }
+
+    /// The line of the text, counted from 1, at which the last parse() met its error: of the markup that is
+    /// not well-formed, or of the element that has no place there. 0 without an error, and for one that no
+    /// single place has.
+    int getErrorLine() const { return errorLine_; }
+    /// The character of that line, counted from 1; 0 without a line.
+    int getErrorColumn() const { return errorColumn_; }
 
     /// Reads the root element: a `head` and a `body`, each at most once and in this order.
     int parseSmil(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
@@ -113,6 +125,8 @@ public:
     static QString convertToSMILLang(MMS_COMP_SMILData* data);
 
 private:
+    void startOver();
+    int failedAt(const QDomElement& element, int status);
     int parseText(const QString& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     int readSlides(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, int duration,
                    int& depth);
@@ -122,4 +136,7 @@ private:
                   int duration);
 
     int warning_ = 0;
+    bool layoutKept_ = false;
+    int errorLine_ = 0;
+    int errorColumn_ = 0;
 };
