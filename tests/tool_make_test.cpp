@@ -4,6 +4,8 @@
 #include <QRandomGenerator>
 #include <QSet>
 
+#include <set>
+
 namespace {
 
 /// A PDU as a receiving application reads it.
@@ -51,6 +53,10 @@ QString readBack(const QString& text) {
     return text.at(0).unicode() < 0x80 ? text : text + QChar::Null;
 }
 
+QJsonObject addressShown(int type, const char* address) {
+    return {{"name", ""}, {"type", type}, {"address", address}};
+}
+
 TEST_F(ToolTest, EverythingAskedForIsThere) {
     const QStringList options = QString("--from +1 --to +2 --to a@b.c --cc 3 --bcc é@x.y --priority high "
                                         "--delivery-report --read-reply --expiry 3600")
@@ -71,6 +77,26 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
     const std::pair<QStringList, const char*> rows[] = {
         {{"--slide", "5", "text:a"}, "--to"},
         {{"--to", ""}, "empty"},
+        {{"--to", "my mum", "--slide", "5", "text:a"}, "neither a phone number"},
+        {{"--to", "a@b.c/TYPE=PLMN", "--slide", "5", "text:a"}, "neither a phone number"},
+        {{"--to", "1"}, "nothing to send"},
+        {{"--to", "1", "--slide", "0.0001s", "text:a"}, "0.0001s"},
+        {{"--to", "1", "--slide", "1", "text: "}, "is empty"},
+        {{"--to", "1", "--slide", "1", write("empty.jpg", "")}, "is empty"},
+        {{"--to", "1", "--subject", ""}, "is empty"},
+        {{"--to", "1", "--subject", "a", "--kind", "letter"}, "send-conf, notification,"},
+        {{"--kind", "notification", "--expiry", "60", "--size", "1"}, "--class, --content-location"},
+        {{"--kind", "acknowledge", "--slide", "5", "text:a"}, "no body"},
+        {{"--kind", "acknowledge", "--attach", picture}, "no body"},
+        {{"--kind", "acknowledge", "--report-allowed", "perhaps"}, "perhaps"},
+        {{"--kind", "acknowledge", "--transaction-id", "é"}, "ASCII"},
+        {{"--kind", "acknowledge", "--version", "2"}, "'2'"},
+        {{"--kind", "notification", "--size", "2147483648"}, "2147483647"},
+        {{"--kind", "delivery", "--status", "127"}, "127"},
+        {{"--to", "1", "--date", "1969-12-31T23:59:59Z"}, "1970"},
+        {{"--to", "1", "--date", "yesterday"}, "yesterday"},
+        {{"--to", "1", "--delivery-time", "2020-01-01"}, "past"},
+        {{"--to", "1", "--expiry", "2106-01-01"}, "too far"},
         {{"--to", "1", "--priority", "urgent"}, "urgent"},
         {{"--to", "1", "--expiry", "-1"}, "-1"},
         {{"--to", "1", "--slide", "5"}, "at least one item"},
@@ -89,16 +115,88 @@ TEST_F(ToolTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         expectRefused(QStringList{"compose", "-o", path("m.mms")} + arguments, cause);
         EXPECT_FALSE(QFileInfo::exists(path("m.mms"))) << cause;
     }
+    EXPECT_EQ(
+        lummms({"compose", "-o", path("m.mms"), "--to", "1", "--subject", "a"}, {"LUM_MMS_MAX_SIZE_KB=many"})
+            .err,
+        "lummms: LUM_MMS_MAX_SIZE_KB: 'many' is no number of kilobytes\n");
     ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // neither is a device replaced
     expectRefused({"compose", "-o", path("null"), "--force", "--to", "1", "--slide", "5", "text:a"}, "null");
     write("m.mms", "before");
-    expectRefused({"compose", "-o", path("m.mms"), "--to", "1"}, "m.mms: is there already (--force");
+    expectRefused({"compose", "-o", path("m.mms"), "--to", "1", "--attach", picture},
+                  "m.mms: is there already (--force");
     EXPECT_EQ(lummms({"compose", "-o", path("m.mms"), "--force", "--to", "1", "--slide", "5",
                       "text:" + QString(2000, 'x')},
                      {"LUM_MMS_MAX_SIZE_KB=1"})
                   .status,
               2);
     EXPECT_EQ(read("m.mms"), "before");
+}
+
+/// A header field as it is asked for, and as it is shown.
+const struct {
+    FIELD_CODE field;
+    const char* option;
+    const char* value; ///< null for an option that has none
+    const char* key;
+    QJsonValue shown;
+} FIELDS[] = {
+    {FIELD_TRANSACTION_ID, "transaction-id", "T-1", "transactionId", "T-1"},
+    {FIELD_MMS_VERSION, "version", "1.2", "version", "1.2"},
+    {FIELD_FROM, "from", "+1.555", "from", addressShown(1, "+1.555")},
+    {FIELD_TO, "to", "a@b.c", "to", QJsonArray{addressShown(0, "a@b.c")}},
+    {FIELD_CC, "cc", "*100#", "cc", QJsonArray{addressShown(1, "*100#")}},
+    {FIELD_BCC, "bcc", "3", "bcc", QJsonArray{addressShown(1, "3")}},
+    {FIELD_SUBJECT, "subject", "Hello", "subject", "Hello"},
+    {FIELD_MESSAGE_CLASS, "class", "Auto", "messageClass", 131},
+    {FIELD_EXPIRY, "expiry", "86400", "expiry", 86400},
+    {FIELD_DELIVERY_TIME, "delivery-time", "2094-05-06T07:08:09", "deliveryTime", "2094-05-06T07:08:09"},
+    {FIELD_PRIORITY, "priority", "low", "priority", 128},
+    {FIELD_SENDER_VISIBILITY, "sender-visibility", "hide", "senderVisibility", true},
+    {FIELD_DELIVERY_REPORT, "delivery-report", nullptr, "deliveryReport", true},
+    {FIELD_READ_REPLY, "read-reply", nullptr, "readReply", true},
+    {FIELD_RESPONSE_STATUS, "response-status", "error-network-problem", "responseStatus", 134},
+    {FIELD_RESPONSE_TEXT, "response-text", "No", "responseText", "No"},
+    {FIELD_MESSAGE_ID, "message-id", "id@mmsc", "messageId", "id@mmsc"},
+    {FIELD_MESSAGE_SIZE, "size", "2147483647", "messageSize", 2147483647},
+    {FIELD_CONTENT_LOCATION, "content-location", "http://mmsc/1", "contentLocation", "http://mmsc/1"},
+    {FIELD_STATUS, "status", "129", "status", 129},
+    {FIELD_REPORT_ALLOWED, "report-allowed", "no", "reportAllowed", false},
+    {FIELD_DATE, "date", "2001-02-03T04:05:06Z", "date", QJsonValue::Undefined}, // the phone does not keep it
+};
+
+TEST_F(ToolTest, EachKindCarriesItsFieldsAndNoOther) {
+    for (int type = MESSAGE_SEND_REQ; type <= MESSAGE_DELIVERY_IND; ++type) {
+        const MessageKind& kind = *messageKind(static_cast<unsigned char>(type));
+        const std::set<int> order(kind.order.begin(), kind.order.end());
+        const QStringList start{"compose", "--force", "-o", path("m.mms"), "--kind", kind.name};
+        QStringList arguments = start, other;
+        size_t known = order.count(FIELD_MESSAGE_TYPE) + order.count(FIELD_CONTENT_TYPE);
+        for (const auto& row : FIELDS) {
+            (order.count(row.field) ? arguments : other = start) += QString("--") + row.option;
+            if (row.value)
+                (order.count(row.field) ? arguments : other) += row.value;
+            known += order.count(row.field);
+        }
+        EXPECT_EQ(known, order.size()) << kind.name << " has an option for every field";
+        expectRefused(other, kind.name);
+        if (order.count(FIELD_CONTENT_TYPE))
+            arguments += {"--slide", "1", "text:a"};
+        const Outcome made = lummms(arguments);
+        EXPECT_TRUE(made.status == 0 && made.err.isEmpty()) << made.err.constData();
+        const QJsonValue header = lummms({"show", "--json", "--phone", path("m.mms")}).json()["header"];
+        EXPECT_EQ(header["messageType"].toInt(), type);
+        for (const auto& row : FIELDS) {
+            if (order.count(row.field)) {
+                EXPECT_EQ(header[row.key], row.shown) << kind.name << ' ' << row.key;
+            }
+        }
+    }
+}
+
+TEST_F(ToolTest, ASubjectAloneIsAMessageToo) {
+    const Outcome made = lummms({"compose", "-o", path("m.mms"), "--to", "1", "--subject", "a"});
+    EXPECT_TRUE(made.status == 0 && made.err.contains("subject alone")) << made.err.constData();
+    EXPECT_EQ(Received(read("m.mms")).header.getSubject(), "a");
 }
 
 constexpr const char* TEXTS[] = {"Hello", "Grüße, ça va?", "Привет & <пока>", "日本語のテキスト", "مرحبا",
@@ -122,7 +220,7 @@ protected:
     void makeUp(QRandomGenerator& random) {
         slides_.fill(QList<QByteArray>(3), random.bounded(11));
         for (QList<QByteArray>& slide : slides_) {
-            arguments_ += {"--slide", QString::number(random.bounded(9000)) + "ms"};
+            arguments_ += {"--slide", QString::number(random.bounded(1, 9000)) + "ms"};
             const int kinds = random.bounded(1, 8); // a bit for each kind of object
             if (kinds & 1) {
                 slide[0] = TEXTS[random.bounded(int(std::size(TEXTS)))];

@@ -1,0 +1,150 @@
+// A message made as a messaging application makes it: slides are edited in the model, the presentation is
+// written from it, and body and header are encoded.
+
+#include "tools/lummms/compose/assembly.h"
+
+#include "codec/codec_result.h"
+#include "codec/ua_encoder.h"
+#include "codec/ua_msg.h"
+#include "multipart/body_part.h"
+#include "multipart/multipart.h"
+#include "multipart/multipart_parser.h"
+#include "smil/model/presentation.h"
+#include "smil/model/slide.h"
+#include "smil/parser/smil_parser.h"
+#include "tools/lummms/compose/draft.h"
+#include "tools/lummms/words.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+constexpr int MAX_PARTS = 255;           // the count in front of a body is one octet
+const QString SMIL_ID = "<slides>";      // what the start parameter refers to
+const QString SMIL_NAME = "slides.smil"; // and its Content-Location
+
+/// The body of a message and the slides in it.
+class Body {
+public:
+    explicit Body(const Draft& draft);
+    bool encode(MMS_UA_UAMsg& header, QArray<char>& octets, QString& cause);
+
+private:
+    void addPresentation();
+    void layOut();
+    bool addSlide(const SlideDraft& draft);
+    bool addItem(MMS_COMP_SMILTimingContainer& slide, const Item& item);
+    void addAttachment(const Item& item);
+
+    MMS_COMP_SMILMultipart parts_;
+    MMS_COMP_SMILData presentation_{&parts_};
+    MMS_COMP_SMILMultipartBodypart* smilPart_ = nullptr;
+    bool isWhole_ = true;
+};
+
+Body::Body(const Draft& draft) {
+    parts_.setExtType(QString()); // a body without a presentation has no type of a root part
+    if (!draft.slides.isEmpty())
+        addPresentation();
+    for (const SlideDraft& slide : draft.slides)
+        isWhole_ = isWhole_ && addSlide(slide);
+    for (const Item& item : draft.attachments)
+        addAttachment(item);
+}
+
+/// The presentation stands in front, and before other parts get their names.
+void Body::addPresentation() {
+    smilPart_ = new MMS_COMP_SMILMultipartBodypart;
+    smilPart_->setContentType(QStringLiteral("application"));
+    smilPart_->setContentSubType(QStringLiteral("smil"));
+    smilPart_->setContentID(SMIL_ID);
+    smilPart_->setContentLocation(SMIL_NAME);
+    parts_.insertBodypart(smilPart_, 0);
+    parts_.setStart(SMIL_ID);
+    layOut();
+}
+
+/// The phone's layout, on a screen high enough for both of its regions, so that other phones show the lower
+/// one, too.
+void Body::layOut() {
+    MMS_COMP_SMILParser::updateToVarnelioRootLayout(&presentation_);
+    MMS_COMP_SMILParser::updateToVarnelioRegion(&presentation_);
+    float bottom = 0;
+    for (int i = 0; i < presentation_.getRegionCount(); ++i) {
+        MMS_COMP_SMILRegion& region = *presentation_.getRegion(static_cast<unsigned int>(i));
+        bottom = std::max(bottom, region.getBottom());
+        if (region.getId() == MMS_COMP_SMILData::getImgRegionId())
+            region.setFit(MMS_COMP_SMIL_FIT_MEET);
+    }
+    presentation_.getRootLayout()->setHeight(static_cast<int>(bottom));
+}
+
+bool Body::addSlide(const SlideDraft& draft) {
+    MMS_COMP_SMILTimingContainer* slide = presentation_.appendSlide();
+    slide->setDur(draft.duration);
+    slide->setSetDurManually(true);
+    return std::all_of(draft.items.begin(), draft.items.end(),
+                       [this, slide](const Item& item) { return addItem(*slide, item); });
+}
+
+bool Body::addItem(MMS_COMP_SMILTimingContainer& slide, const Item& item) {
+    const auto type = item.kind();
+    const QString region = type == MMS_COMP_SMIL_MEDIA_TEXT    ? MMS_COMP_SMILData::getTextRegionId()
+                           : type == MMS_COMP_SMIL_MEDIA_AUDIO ? QString()
+                                                               : MMS_COMP_SMILData::getImgRegionId();
+    return slide.updateData(region, presentation_.createUniqueSrc(item.src), type, item.type.subType,
+                            item.octets, false, &parts_);
+}
+
+void Body::addAttachment(const Item& item) {
+    auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+    const QString location = presentation_.createUniqueSrc(item.src);
+    part->setContentType(item.type.type);
+    part->setContentSubType(item.type.subType);
+    part->setContentLocation(location);
+    part->setDispFileName(location);
+    part->setBodyData(item.octets);
+    parts_.appendBodypart(part.release());
+}
+
+bool Body::encode(MMS_UA_UAMsg& header, QArray<char>& octets, QString& cause) {
+    if (smilPart_) {
+        presentation_.removeEmptyTextBeforeSend();
+        smilPart_->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(&presentation_).toUtf8());
+    }
+    int status = 0;
+    if (!isWhole_)
+        cause = QStringLiteral("there is no memory for it");
+    else if (parts_.getPartCount() > MAX_PARTS)
+        cause = QStringLiteral("%1 are more than the %2 that a message can have")
+                    .arg(counted(parts_.getPartCount(), "part"))
+                    .arg(MAX_PARTS);
+    else
+        octets = MMS_COMP_SMILMultipartParser::assembleBody(&parts_, &header, &status);
+    if (status)
+        cause = explained(bodyStatusWords, "status", status);
+    return cause.isEmpty();
+}
+
+} // namespace
+
+bool encodeMessage(MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause) {
+    unsigned char* octets = nullptr;
+    int length = 0;
+    const unsigned char result = MMS_UA_Encoder().encodeHeader(&header, &octets, &length);
+    const std::unique_ptr<unsigned char[]> owner(octets);
+    if (result != CODEC_WRITTEN)
+        cause = explained(codecResultWords, "result", result);
+    else
+        pdu = QByteArray(reinterpret_cast<const char*>(octets), length);
+    return result == CODEC_WRITTEN;
+}
+
+bool encodeMessage(const Draft& draft, MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause) {
+    QArray<char> body;
+    if (!Body(draft).encode(header, body, cause) || !encodeMessage(header, pdu, cause))
+        return false;
+    pdu.append(body.data(), body.size());
+    return true;
+}

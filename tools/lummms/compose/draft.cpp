@@ -1,0 +1,180 @@
+#include "tools/lummms/compose/draft.h"
+
+#include "platform/utility/setting.h"
+#include "smil/parser/smil_parser.h"
+#include "tools/lummms/command.h"
+#include "tools/lummms/files.h"
+#include "tools/lummms/terminal.h"
+#include "tools/lummms/words.h"
+#include "util/mms_comp_util.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace {
+
+const QString TEXT_PREFIX = "text:"; // in front of a slide's text that is no file
+const QString SLIDE = "--slide";
+
+bool refuse(const QString& subject, const QString& cause) {
+    complain(subject, cause);
+    return false;
+}
+
+/// Characters that the SMIL text cannot hold, since its values are written as they are, and blanks,
+/// which it would lose.
+QString nameForSmil(const QString& name) {
+    QString clean = cleanName(MMS_COMP_Util::stripePath(name), u"\"'<>\uFFFE\uFFFF");
+    std::replace_if(
+        clean.begin(), clean.end(), [](QChar c) { return c.isSpace(); }, u'_');
+    return clean;
+}
+
+/// Reads slides and attachments. The members that can fail complain to the user and give false.
+class DraftReader {
+public:
+    DraftReader(qint64 limit, Draft& draft) : limit_(limit), draft_(draft) {}
+
+    bool readSlide(const QStringList& values);
+    bool readAttachment(const QString& path);
+
+private:
+    bool readDuration(const QString& text, int& duration);
+    bool readItem(const QString& value, Item& item);
+    bool readFile(const QString& path, Item& item);
+    bool checkItem(const Item& item);
+    bool checkRoom(const QList<Item>& items);
+    bool refuseSlide(const QString& cause);
+
+    qint64 limit_;
+    Draft& draft_;
+    qint64 loaded_ = 0; // octets of all files
+};
+
+bool DraftReader::refuseSlide(const QString& cause) {
+    return refuse(SLIDE, QStringLiteral("slide %1: %2").arg(draft_.slides.size() + 1).arg(cause));
+}
+
+bool DraftReader::readDuration(const QString& text, int& duration) {
+    static const QRegularExpression form("^([0-9]+(\\.[0-9]+)?)(ms|s|min|h)?$|^indefinite$");
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch())
+        return refuseSlide(
+            QStringLiteral("'%1' is no duration such as 5, 2.5s, 800ms, 1min or indefinite").arg(text));
+    const bool isBare = match.hasCaptured(1) && !match.hasCaptured(3);
+    duration = MMS_COMP_SMILParser::parseDur(isBare ? text + u's' : text);
+    return duration != 0 || refuseSlide(QStringLiteral("nobody sees what is shown for '%1'").arg(text));
+}
+
+bool DraftReader::readFile(const QString& path, Item& item) {
+    const qint64 size =
+        QFileInfo(filePathOf(path)).size(); // so that no file is read that is too large anyway
+    if (loaded_ + size > limit_) {
+        complainOfSize(path, loaded_ + size, limit_);
+        return false;
+    }
+    QString cause;
+    if (!loadFile(path, item.octets, cause))
+        return refuse(path, cause);
+    loaded_ += item.octets.size();
+    item.name = path;
+    item.src = nameForSmil(path);
+    item.type = mediaTypeOf(path, item.octets);
+    return true;
+}
+
+bool DraftReader::readItem(const QString& value, Item& item) {
+    if (!value.startsWith(TEXT_PREFIX))
+        return readFile(value, item) && checkItem(item);
+    item.name = value;
+    item.src = QStringLiteral("text.txt");
+    item.type = {QStringLiteral("text"), QStringLiteral("plain")};
+    item.octets = value.mid(TEXT_PREFIX.size()).toUtf8();
+    return checkItem(item);
+}
+
+bool DraftReader::checkItem(const Item& item) {
+    const auto kind = item.kind();
+    const bool isText = kind == MMS_COMP_SMIL_MEDIA_TEXT;
+    if (kind == MMS_COMP_SMIL_MEDIA_OTHER)
+        return refuse(item.name, QStringLiteral("slide %1 cannot show %2/%3; --attach sends it along")
+                                     .arg(draft_.slides.size() + 1)
+                                     .arg(item.type.type, item.type.subType));
+    if (isText ? item.view().trimmed().isEmpty() : item.octets.isEmpty())
+        return refuseSlide(QStringLiteral("'%1' is empty").arg(item.name));
+    if (isText && !item.view().isValidUtf8())
+        return refuse(item.name, QStringLiteral("the text is not in UTF-8"));
+    return true;
+}
+
+/// Looks whether all items have a place in their slide.
+bool DraftReader::checkRoom(const QList<Item>& items) {
+    QString kept[3];
+    constexpr const char* places[] = {"one sound", "one picture or video", "one text"};
+    for (const Item& item : items) {
+        const auto kind = item.kind();
+        const int place = kind == MMS_COMP_SMIL_MEDIA_TEXT ? 2 : kind == MMS_COMP_SMIL_MEDIA_AUDIO ? 0 : 1;
+        if (!kept[place].isNull())
+            return refuseSlide(QStringLiteral("there is room for %1, not for '%2' and '%3'")
+                                   .arg(QLatin1String(places[place]), kept[place], item.name));
+        kept[place] = item.name;
+    }
+    return true;
+}
+
+bool DraftReader::readSlide(const QStringList& values) {
+    if (values.size() < 2)
+        return refuseSlide(QStringLiteral("a duration and at least one item are needed"));
+    SlideDraft slide{};
+    if (!readDuration(values.first(), slide.duration))
+        return false;
+    for (const QString& value : values.mid(1)) {
+        Item item;
+        if (!readItem(value, item))
+            return false;
+        slide.items += item;
+    }
+    if (!checkRoom(slide.items))
+        return false;
+    draft_.slides += slide;
+    return true;
+}
+
+bool DraftReader::readAttachment(const QString& path) {
+    Item item;
+    if (!readFile(path, item))
+        return false;
+    draft_.attachments += item;
+    return true;
+}
+
+} // namespace
+
+MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE Item::kind() const {
+    return MMS_COMP_SMILParser::getTypeEnum(type.type);
+}
+
+bool readSizeLimit(qint64& octets) {
+    static const QString variable = "LUM_MMS_MAX_SIZE_KB";
+    static const QRegularExpression number("^[0-9]*[1-9][0-9]*$");
+    const QString text = qEnvironmentVariable("LUM_MMS_MAX_SIZE_KB");
+    octets = qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024;
+    return text.isEmpty() || number.match(text).hasMatch() ||
+           refuse(variable, QStringLiteral("'%1' is no number of kilobytes").arg(text));
+}
+
+void complainOfSize(const QString& subject, qint64 octets, qint64 limit) {
+    complain(subject, QStringLiteral("%1 are more than the %2 that a message may have")
+                          .arg(counted(octets, "octet"), counted(limit, "octet")));
+}
+
+bool readDraft(const CommandLine& line, qint64 limit, Draft& draft) {
+    DraftReader reader(limit, draft);
+    const QStringList attachments = line.options.values(QStringLiteral("attach"));
+    return std::all_of(line.groups.begin(), line.groups.end(),
+                       [&reader](const QStringList& values) { return reader.readSlide(values); }) &&
+           std::all_of(attachments.begin(), attachments.end(),
+                       [&reader](const QString& path) { return reader.readAttachment(path); });
+}
