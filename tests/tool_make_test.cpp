@@ -290,10 +290,21 @@ QByteArray located(const QByteArray& location, const QByteArray& data) {
 TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
     const QByteArray nested = entry(octets("C8"), "", char(2) + located("inner.txt", "i") + located("", "j"));
     const QByteArrayList parts = {
-        located("../evil.txt", "a"), located("/etc/passwd", "b"),  located("..", "c"),
-        located("x\\y.txt", "d"),    located("dup.txt", "e"),      located("dup.txt", "f"),
-        located("dup.txt", "g"),     located(".profile", "h"),     located("link.txt", "k"),
-        located("mine.txt", "l"),    located("e\x1B[2J.txt", "m"), nested,
+        located("../evil.txt", "a"),
+        located("/etc/passwd", "b"),
+        located("..", "c"),
+        located("x\\y.txt", "d"),
+        located("dup.txt", "e"),
+        located("dup.txt", "f"),
+        located("dup.txt", "g"),
+        located(".profile", "h"),
+        located("link.txt", "k"),
+        located("mine.txt", "l"),
+        located("e\x1B[2J.txt", "m"),
+        located(":x", "n"),
+        located("-x.txt", "o"),
+        located(QByteArray(900, 'y') + ".txt", "p"),
+        nested,
     };
     write("m.mms", octets("8C 84 8D 90 84 A3") + char(parts.size()) + parts.join());
     ASSERT_TRUE(QDir(path("")).mkpath("out"));
@@ -303,19 +314,59 @@ TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
     const Outcome outcome = lummms({"unpack", path("m.mms"), path("out")});
     EXPECT_EQ(outcome.status, 0) << outcome.err.constData();
     const std::pair<const char*, const char*> files[] = {
-        {"evil.txt", "a"},   {"passwd", "b"},        {"file0.txt", "c"}, {"y.txt", "d"},
-        {"dup.txt", "e"},    {"dup_0.txt", "f"},     {"dup_1.txt", "g"}, {"_profile", "h"},
-        {"link_0.txt", "k"}, {"mine_0.txt", "l"},    {"e_[2J.txt", "m"}, {"inner.txt", "i"},
-        {"file1.txt", "j"},  {"mine.txt", "before"},
+        {"evil.txt", "a"},   {"passwd", "b"},     {"file0.txt", "c"}, {"y.txt", "d"},
+        {"dup.txt", "e"},    {"dup_0.txt", "f"},  {"dup_1.txt", "g"}, {"_profile", "h"},
+        {"link_0.txt", "k"}, {"mine_0.txt", "l"}, {"e_[2J.txt", "m"}, {"inner.txt", "i"},
+        {"file1.txt", "j"},  {":x", "n"},         {"_-x.txt", "o"},   {"mine.txt", "before"},
     };
     for (const auto& [name, octets] : files)
         EXPECT_EQ(read(QString("out/") + name), octets) << name;
+    EXPECT_EQ(read("out/" + QString(196, 'y') + ".txt"), "p");
     EXPECT_EQ(QDir(path("out")).entryList(QDir::Files | QDir::Hidden | QDir::System).size(),
-              qsizetype(std::size(files)) + 1)
-        << "the files and the link";
-    EXPECT_EQ(outcome.out.count('\n'), qsizetype(std::size(files)) - 1) << outcome.out.constData();
+              qsizetype(std::size(files)) + 2)
+        << "the files, the one with the long name and the link";
+    EXPECT_EQ(outcome.out.count('\n'), qsizetype(std::size(files))) << outcome.out.constData();
     EXPECT_FALSE(outcome.out.contains('\x1B'));
     EXPECT_EQ(QDir(path("")).entryList(QDir::Files), QStringList("m.mms")) << "nothing beside the directory";
+}
+
+TEST_F(ToolTest, UnpackTakesWhatIsAskedFor) {
+    const QByteArray nested = entry(octets("C8"), "", char(1) + located("inner.txt", "i"));
+    const QByteArray pdu = octets("8C 84 8D 90 84 A3 04") + located("a.txt", "first") +
+                           located("a.txt", "2nd") + nested +
+                           entry(octets("83"), octets("C0 22") + zeroed("<id>"), "by id");
+    const QString file = write("m.mms", pdu);
+    const std::tuple<const char*, int, const char*> rows[] = {
+        {"2", 0, "2nd"},  {"3.1", 0, "i"}, {"inner.txt", 0, "i"}, {"id", 0, "by id"},
+        {"a.txt", 2, ""}, {"5", 2, ""},    {"none.txt", 2, ""},
+    };
+    for (const auto& [part, status, octets] : rows) {
+        const Outcome run = lummms({"unpack", "--part", part, "-o", "-", file});
+        EXPECT_EQ(run.status, status) << part;
+        EXPECT_EQ(run.out, octets) << part;
+        EXPECT_EQ(run.err.count('\n'), status ? 1 : 0) << run.err.constData();
+    }
+    EXPECT_EQ(lummms({"unpack", "--phone", "--list", file}).out,
+              "1  text/plain  5 octets  a.txt\n"
+              "2  text/plain  3 octets  a.txt\n"
+              "3  application/vnd.oma.drm.message  0 octets  file0\n"
+              "3.1  text/plain  1 octet  inner.txt\n"
+              "4  text/plain  5 octets  file0.txt\n");
+    expectRefused({"unpack", file}, "DIR is missing");
+    expectRefused({"unpack", "-o", "-", file}, "one --part");
+
+    ASSERT_TRUE(QDir(path("")).mkpath("out/a.txt")); // never replaced, and the others are written
+    write("target.txt", "before");
+    ASSERT_TRUE(QFile::link(path("target.txt"), path("out/a_0.txt")));
+    write("out/inner.txt", "before");
+    EXPECT_EQ(lummms({"unpack", "--force", file, path("out")}).status, 0);
+    EXPECT_EQ(read("out/inner.txt"), "i");
+    EXPECT_EQ(read("out/a_0.txt") + read("out/a_1.txt"), "first2nd");
+    EXPECT_EQ(read("target.txt"), "before") << "a link is replaced, not what it points to";
+
+    ASSERT_TRUE(QDir(path("")).mkpath("b") && QFile::copy(file, path("b/m.mms")));
+    EXPECT_EQ(lummms({"unpack", file, path("missing"), path("b/m.mms"), path("many")}).status, 2);
+    EXPECT_EQ(read("many/m.mms/a.txt") + read("many/m_0.mms/a_0.txt"), "first2nd");
 }
 
 } // namespace

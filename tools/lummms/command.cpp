@@ -20,3 +20,8 @@ bool writeOutput(const CommandLine& line, const QByteArray& octets) {
     complain(path, cause);
     return false;
 }
+
+void printHeading(const CommandLine& line, const QString& path) {
+    if (line.files.size() > 1)
+        print(QStringLiteral("==> %1 <==\n").arg(printable(path)));
+}

@@ -43,6 +43,9 @@ QCommandLineOption forceOption();
 /// a complaint.
 bool writeOutput(const CommandLine& line, const QByteArray& octets);
 
+/// Prints a line with the name of the file that comes next, if there are several.
+void printHeading(const CommandLine& line, const QString& path);
+
 /// The worst exit status of what `run` does with each of the files.
 template <typename Run>
 int worstOf(const QStringList& files, Run run) {

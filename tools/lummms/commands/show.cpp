@@ -83,12 +83,10 @@ int showOne(const CommandLine& line, const QString& path) {
         print(printableLines(QString::fromUtf8(messageForProgram(message))));
         return message.verdict(path);
     }
-    const bool isOneOfMany = line.files.size() > 1;
-    if (isOneOfMany)
-        print(QStringLiteral("==> %1 <==\n").arg(printable(path)));
+    printHeading(line, path);
     print(headerForPerson(message.header) + partsForPerson(message));
     message.readPresentationWithGaps();
-    print(slidesForPerson(message) + (isOneOfMany ? QStringLiteral("\n") : QString()));
+    print(slidesForPerson(message) + (line.files.size() > 1 ? QStringLiteral("\n") : QString()));
     return message.verdict(path);
 }
 

@@ -1,119 +1,176 @@
-// lummms unpack: the parts of a message as files.
+// lummms unpack: the parts of messages as files.
 
 #include "multipart/body_part.h"
 #include "tools/lummms/command.h"
-#include "tools/lummms/media_files.h"
 #include "tools/lummms/message.h"
+#include "tools/lummms/part_files.h"
 #include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
-#include "util/mms_comp_util.h"
 
 #include <QDir>
-#include <QFile>
-#include <QHash>
+#include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
-constexpr qsizetype LONGEST_NAME = 200; // octets; file systems allow 255, and numbers need some
+using Part = MMS_COMP_SMILMultipartBodypart;
 
-/// Writes parts into a directory, each into a new file.
-class Unpacker {
-public:
-    explicit Unpacker(const QString& directory) : dir_(directory) {}
-    /// Writes the part, or the parts that it is made of. False after a complaint.
-    bool write(const MMS_COMP_SMILMultipartBodypart& part);
-
-private:
-    bool openNew(const MMS_COMP_SMILMultipartBodypart& part, QFile& file);
-
-    QDir dir_;
-    QHash<QString, int> nextNumbers_; // by name: a thousand parts of one name must not take long
+/// A part and its number as `lummms show` counts: 3.1 is the first part within the third.
+struct NumberedPart {
+    QString number;
+    const Part* part;
 };
 
-/// The name for a part in a file system: nothing that leads out of the directory, hides the file, or
-/// steers a terminal. Empty if there is nothing to make a name from.
-QString fileNameOf(const MMS_COMP_SMILMultipartBodypart& part) {
-    QString name = cleanName(MMS_COMP_Util::stripePath(part.getContentLocation()), u"/\\");
-    for (qsizetype i = 0; i < name.size() && name.at(i) == u'.'; ++i)
-        name[i] = u'_';
-    if (name.count(u'_') == name.size())
-        return QString();
-    QString base = MMS_COMP_Util::getNoExtName(name);
-    const QString extension = name.mid(base.size());
-    if (extension.size() > LONGEST_NAME)
-        return QString();
-    base.truncate(LONGEST_NAME + 1); // the rest goes one by one, and with it half of a pair
-    while (!base.isEmpty() && (base + extension).toUtf8().size() > LONGEST_NAME)
-        base.chop(base.back().isLowSurrogate() ? 2 : 1);
-    return (base + extension).toUtf8().size() > LONGEST_NAME ? QString() : base + extension;
+void addPart(QList<NumberedPart>& parts, const QString& number, const Part& part) {
+    parts += {number, &part};
+    for (int i = 0; i < part.getSubBodyCount(); ++i)
+        addPart(parts, QStringLiteral("%1.%2").arg(number).arg(i + 1),
+                *part.getSubBody(static_cast<unsigned int>(i)));
 }
 
-/// The n-th name of the row photo.jpg, photo_0.jpg, photo_1.jpg, ...; for a part without a name of the row
-/// file0.jpg, file1.jpg, ...
-QString numberedName(const QString& name, const QString& extension, int n) {
-    const QString dotted = extension.isEmpty() ? QString() : u'.' + extension;
-    if (name.isEmpty())
-        return QStringLiteral("file%1").arg(n) + dotted;
-    if (n == 0)
-        return name;
-    const QString base = MMS_COMP_Util::getNoExtName(name);
-    return base + QStringLiteral("_%1").arg(n - 1) + name.mid(base.size());
+QList<NumberedPart> allParts(MMS_COMP_SMILMultipart& body) {
+    QList<NumberedPart> parts;
+    for (int i = 0; i < body.getPartCount(); ++i)
+        addPart(parts, QString::number(i + 1), *body.getBodypartByIndex(i, false));
+    return parts;
 }
 
-bool Unpacker::openNew(const MMS_COMP_SMILMultipartBodypart& part, QFile& file) {
-    const QString name = fileNameOf(part);
-    const QString extension =
-        name.isEmpty()
-            ? MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType())
-            : QString();
-    int& next = nextNumbers_[name.isEmpty() ? u'.' + extension : name];
-    for (;;) {
-        file.setFileName(dir_.filePath(numberedName(name, extension, next++)));
-        // a file that is there, or a link to wherever, is never opened
-        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            return true;
-        const QFileInfo there(file.fileName());
-        if (!there.exists() && !there.isSymLink())
-            return false;
+/// Whether the user means that part by its number or by one of its names.
+bool isMeant(const NumberedPart& numbered, const QString& wanted) {
+    const Part& part = *numbered.part;
+    const QStringList names{numbered.number, part.getContentLocation(),
+                            safeFileName(part.getContentLocation()), part.getContentID()};
+    return names.contains(wanted) || names.last() == u'<' + wanted + u'>';
+}
+
+/// Unpacks message after message.
+class Unpacker {
+public:
+    explicit Unpacker(const CommandLine& line);
+    int unpack();
+
+private:
+    int unpackOne(const QString& path);
+    bool choose(const QString& path, QList<NumberedPart>& parts) const;
+    bool writeOne(const QString& path, const QList<NumberedPart>& parts) const;
+    bool writeAll(const QString& path, const QList<NumberedPart>& parts);
+
+    const CommandLine& line_;
+    const bool lists_;
+    const bool writesOne_; ///< one part, to the file of -o
+    QStringList files_;
+    QString directory_; ///< empty if none is needed
+    FreeNames folders_; ///< in the directory, one a message
+};
+
+Unpacker::Unpacker(const CommandLine& line)
+    : line_(line), lists_(line.options.isSet("list")), writesOne_(line.options.isSet("output")),
+      files_(line.files) {
+    if (!lists_ && !writesOne_ && files_.size() > 1)
+        directory_ = filePathOf(files_.takeLast());
+}
+
+int Unpacker::unpack() {
+    QString cause;
+    if (!lists_ && !writesOne_ && directory_.isEmpty())
+        cause = QStringLiteral("DIR is missing");
+    else if (writesOne_ && (line_.options.values("part").size() != 1 || files_.size() != 1))
+        cause = QStringLiteral("-o takes one FILE and one --part");
+    if (!cause.isEmpty()) {
+        complain("unpack", cause + QStringLiteral(" (lummms unpack --help tells more)"));
+        return EXIT_UNUSABLE;
+    }
+    if (!directory_.isEmpty() && !QDir().mkpath(directory_)) {
+        complain(directory_, QStringLiteral("cannot be made a directory"));
+        return EXIT_UNUSABLE;
+    }
+    return worstOf(files_, [this](const QString& path) { return unpackOne(path); });
+}
+
+/// Leaves the parts that the user wants. False after a complaint about one that is not there.
+bool Unpacker::choose(const QString& path, QList<NumberedPart>& parts) const {
+    const QStringList wanted = line_.options.values("part");
+    if (wanted.isEmpty())
+        return true;
+    bool areThere = true;
+    for (const QString& name : wanted) {
+        const auto isWanted = [&name](const NumberedPart& part) { return isMeant(part, name); };
+        if (std::none_of(parts.cbegin(), parts.cend(), isWanted)) {
+            complain(path, QStringLiteral("has no part '%1' (--list tells which there are)").arg(name));
+            areThere = false;
+        }
+    }
+    parts.removeIf([&wanted](const NumberedPart& part) {
+        return std::none_of(wanted.cbegin(), wanted.cend(),
+                            [&part](const QString& name) { return isMeant(part, name); });
+    });
+    return areThere;
+}
+
+void list(const QList<NumberedPart>& parts) {
+    for (const auto& [number, part] : parts) {
+        const QString location = part->getContentLocation();
+        const QString name = printable(location.isEmpty() ? part->getContentID() : location);
+        print(QStringLiteral("%1  %2  %3%4\n")
+                  .arg(number, typeOf(*part), counted(part->getBodyData().size(), "octet"),
+                       name.isEmpty() ? name : QStringLiteral("  ") + name));
     }
 }
 
-bool Unpacker::write(const MMS_COMP_SMILMultipartBodypart& part) {
-    for (int i = 0; i < part.getSubBodyCount(); ++i)
-        if (!write(*part.getSubBody(static_cast<unsigned int>(i))))
-            return false;
-    const QArray<char>& octets = part.getBodyData();
-    if (part.getSubBodyCount() && octets.isEmpty())
-        return true; // nothing but the parts in it
-    QFile file;
-    if (!openNew(part, file) || file.write(octets.data(), octets.size()) != octets.size() || !file.flush()) {
-        complain(file.fileName(), file.errorString());
+bool Unpacker::writeOne(const QString& path, const QList<NumberedPart>& parts) const {
+    if (parts.size() == 1)
+        return writeOutput(line_, parts.first().part->getBodyData());
+    if (!parts.isEmpty()) // else it has been told that there is none
+        complain(path, QStringLiteral("'%1' are %2; take one by its number")
+                           .arg(line_.options.value("part"), counted(parts.size(), "part")));
+    return false;
+}
+
+bool Unpacker::writeAll(const QString& path, const QList<NumberedPart>& parts) {
+    QString directory = directory_;
+    if (files_.size() > 1) {
+        QFileInfo there;
+        do { // what is no directory of this one's is left alone
+            there.setFile(directory_ + u'/' + folders_.next(safeFileName(path)));
+        } while (there.isSymLink() || (there.exists() && !there.isDir()));
+        directory = there.filePath();
+    }
+    if (!QDir().mkpath(directory)) {
+        complain(directory, QStringLiteral("cannot be made a directory"));
         return false;
     }
-    print(QStringLiteral("%1  %2  %3\n")
-              .arg(printable(file.fileName()), typeOf(part), counted(octets.size(), "octet")));
-    return true;
+    PartFiles files(directory, line_.options.isSet("force"));
+    bool areWritten = true;
+    for (const NumberedPart& numbered : parts) {
+        const bool isContainer = numbered.part->getSubBodyCount() && numbered.part->getBodyData().isEmpty();
+        if (!isContainer && !files.write(*numbered.part))
+            areWritten = false; // and on with the others
+    }
+    return areWritten;
 }
 
-int unpack(const CommandLine& line) {
-    const QString path = line.files.at(0);
-    const QString directory = line.files.at(1);
-    Message message(readingAskedFor(line));
+int Unpacker::unpackOne(const QString& path) {
+    Message message(readingAskedFor(line_));
     QString cause;
     if (!message.read(path, cause)) {
         complain(path, cause);
         return EXIT_UNUSABLE;
     }
-    if (!QDir().mkpath(directory)) {
-        complain(directory, QStringLiteral("cannot be made a directory"));
-        return EXIT_UNUSABLE;
+    QList<NumberedPart> parts = allParts(message.body);
+    bool isDone = choose(path, parts);
+    if (lists_) {
+        printHeading(line_, path);
+        list(parts);
+    } else if (!(writesOne_ ? writeOne(path, parts) : writeAll(path, parts))) {
+        isDone = false;
     }
-    Unpacker unpacker(directory);
-    for (int i = 0; i < message.body.getPartCount(); ++i)
-        if (!unpacker.write(*message.body.getBodypartByIndex(i, false)))
-            return EXIT_UNUSABLE;
-    return message.verdict(path);
+    return std::max<int>(message.verdict(path), isDone ? EXIT_DONE : EXIT_UNUSABLE);
+}
+
+int unpack(const CommandLine& line) {
+    return Unpacker(line).unpack();
 }
 
 } // namespace
@@ -121,13 +178,24 @@ int unpack(const CommandLine& line) {
 Command unpackCommand() {
     return {
         "unpack",
-        "Writes the parts of a message into a directory.",
-        {"[--phone] FILE DIR"},
+        "Writes the parts of messages into a directory.",
+        {"[--phone] [--force] [--part N|NAME] FILE DIR", "[--phone] [--force] [--part N|NAME] FILE... DIR",
+         "[--phone] [--force] --part N|NAME -o OUTPUT FILE", "[--phone] --list FILE..."},
         "Every part becomes a new file in DIR, which is made if need be, under the file name of its\n"
-        "Content-Location, parts within parts too. A name that is taken gets a number (photo_0.jpg);\n"
-        "no file that is there is overwritten. Prints a line for each file.\n",
-        {phoneOption()},
-        {"FILE", "DIR"},
+        "Content-Location, parts within parts too; of many messages each gets a folder in DIR, under\n"
+        "the name of its file. A name that is taken gets a number (photo_0.jpg); no file that was\n"
+        "there is overwritten without --force. Prints a line for each file. A part that cannot be\n"
+        "written is told, and the others are written.\n",
+        {
+            {"list", "Prints number, type, size and name of each part, and writes nothing."},
+            {"part",
+             "Only the part of that number or name (Content-Location or Content-ID); may be given again.",
+             "N|NAME"},
+            outputOption("The file to write one part to."),
+            forceOption(),
+            phoneOption(),
+        },
+        {"FILE...", "[DIR]"},
         {},
         unpack,
     };

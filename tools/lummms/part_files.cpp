@@ -1,0 +1,98 @@
+#include "tools/lummms/part_files.h"
+
+#include "multipart/body_part.h"
+#include "tools/lummms/media_files.h"
+#include "tools/lummms/print/print.h"
+#include "tools/lummms/terminal.h"
+#include "tools/lummms/words.h"
+#include "util/mms_comp_util.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr qsizetype LONGEST_NAME = 200; // octets; file systems allow 255, and numbers need some
+
+/// The n-th name of the row of a name.
+QString numberedName(const QString& name, const QString& extension, int n) {
+    const QString dotted = extension.isEmpty() ? QString() : u'.' + extension;
+    if (name.isEmpty())
+        return QStringLiteral("file%1").arg(n) + dotted;
+    if (n == 0)
+        return name;
+    const QString base = MMS_COMP_Util::getNoExtName(name);
+    return base + QStringLiteral("_%1").arg(n - 1) + name.mid(base.size());
+}
+
+/// Makes room for a new file, unless what is there is neither a file nor a link to one.
+void removeFile(const QString& path) {
+    const QFileInfo there(path);
+    if (there.isSymLink() || there.isFile())
+        QFile::remove(path);
+}
+
+} // namespace
+
+QString safeFileName(const QString& path) {
+    QString name = cleanName(MMS_COMP_Util::stripePath(path), u"/\\");
+    for (qsizetype i = 0; i < name.size() && name.at(i) == u'.'; ++i)
+        name[i] = u'_';
+    if (name.count(u'_') == name.size())
+        return QString();
+    if (name.startsWith(u'-'))
+        name.prepend(u'_');
+    QString base = MMS_COMP_Util::getNoExtName(name);
+    const QString extension = name.mid(base.size());
+    if (extension.size() > LONGEST_NAME)
+        return QString();
+    base.truncate(LONGEST_NAME + 1); // the rest goes one by one, and with it half of a pair
+    while (!base.isEmpty() && (base + extension).toUtf8().size() > LONGEST_NAME)
+        base.chop(base.back().isLowSurrogate() ? 2 : 1);
+    return (base + extension).toUtf8().size() > LONGEST_NAME ? QString() : base + extension;
+}
+
+QString FreeNames::next(const QString& name, const QString& extension) {
+    int& number = nextNumbers_[name.isEmpty() ? u'.' + extension : name];
+    QString free;
+    do {
+        free = numberedName(name, extension, number++);
+    } while (given_.contains(free));
+    given_.insert(free);
+    return free;
+}
+
+bool PartFiles::openNew(const MMS_COMP_SMILMultipartBodypart& part, QFile& file) {
+    const QString name = safeFileName(part.getContentLocation());
+    const QString extension =
+        name.isEmpty()
+            ? MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType())
+            : QString();
+    for (;;) {
+        // no QDir::filePath(): for it ":x" is the path of a resource
+        file.setFileName(directory_ + u'/' + names_.next(name, extension));
+        if (replaces_)
+            removeFile(file.fileName());
+        // a file that is there, or a link to wherever, is never opened
+        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            return true;
+        const QFileInfo there(file.fileName());
+        if (!there.exists() && !there.isSymLink())
+            return false;
+    }
+}
+
+bool PartFiles::write(const MMS_COMP_SMILMultipartBodypart& part) {
+    const QArray<char>& octets = part.getBodyData();
+    QFile file;
+    const bool isOpen = openNew(part, file);
+    if (!isOpen || file.write(octets.data(), octets.size()) != octets.size() || !file.flush()) {
+        complain(file.fileName(), file.errorString());
+        if (isOpen)
+            file.remove(); // half a part
+        return false;
+    }
+    print(QStringLiteral("%1  %2  %3\n")
+              .arg(printable(file.fileName()), typeOf(part), counted(octets.size(), "octet")));
+    return true;
+}
