@@ -126,6 +126,77 @@ TEST_F(ShowTest, ReadsPipesAndStandardInputToTheirEnd) {
     EXPECT_TRUE(writer.waitForFinished());
 }
 
+TEST_F(ShowTest, ALineOfJsonAnswersEachLine) {
+    const QByteArray good = message().toBase64(), cut = message().chopped(1).toBase64();
+    // the line, the key or number of its answer, and what it says of errors
+    const std::tuple<QByteArray, const char*, const char*> rows[] = {
+        {"k1\t" + good, "k1", ""},
+        {good + "\r", "2", ""},
+        {"", "3", "no message"},
+        {"k 4\t", "k 4", "no message"},
+        {"\t" + good, "", ""},
+        {"k\xC2\x85\t" + good.chopped(3), "k\xC2\x85", "status -19"}, // would end a line for some readers
+        {"no base64!", "7", "base64"},
+        {QByteArray("\0\xFF\xFE\t\0", 5), nullptr, "base64"},
+        {"k\ta\tb", "k", "base64"},
+        {"cut\t" + cut, "cut", "status -19"},
+        {"AA==", "11", "result 9"},
+        {good.chopped(0) + "====", "12", "base64"},
+        {"last\t" + good, "last", ""},
+    };
+    QByteArrayList lines;
+    for (const auto& [line, key, error] : rows)
+        lines += line;
+    for (const QStringList& reading : {QStringList{}, {"--phone"}}) {
+        const Outcome run = lummms(QStringList{"show", "--json", "--lines"} + reading, {}, lines.join('\n'));
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.err, "");
+        QByteArrayList answers = run.out.split('\n');
+        EXPECT_EQ(answers.takeLast(), "") << "every line is ended";
+        ASSERT_EQ(answers.size(), lines.size());
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const auto& [line, key, error] = rows[i];
+            QJsonParseError wrong;
+            const QJsonObject json = QJsonDocument::fromJson(answers[i], &wrong).object();
+            EXPECT_EQ(wrong.error, QJsonParseError::NoError) << line.constData();
+            EXPECT_EQ(json["error"].toString().isEmpty(), !*error) << answers[i].constData();
+            const bool isPhones = reading.contains("--phone"); // the other names errors in words of its own
+            EXPECT_TRUE(!isPhones || json["error"].toString().contains(error)) << answers[i].constData();
+            const QString number = QString::number(json["line"].toInt());
+            EXPECT_TRUE(!key || (json.contains("line") ? number : json["key"].toString()) == key) << i;
+            EXPECT_TRUE(*error || json["body"]["parts"].toArray().size() == 3) << answers[i].constData();
+            EXPECT_FALSE(answers[i].contains("\xC2\x85")) << answers[i].constData();
+        }
+    }
+    const QString file = write("m.mms", message()), missing = path("missing");
+    const Outcome files = lummms({"show", "--json", "--lines", file, missing, file});
+    EXPECT_TRUE(files.status == 2 && files.err.count('\n') == 1 && files.out.count('\n') == 3);
+    EXPECT_TRUE(files.out.contains("\"file\":\"" + missing.toUtf8())) << files.out.constData();
+    expectRefused({"show", "--lines", file}, "--json");
+}
+
+TEST_F(ShowTest, LinesAreAnsweredAtOnceAndHeldInPart) {
+    QProcess filter;
+    filter.start(QStringLiteral(LUMMMS), {"show", "--json", "--lines"});
+    const QByteArray line = "key\t" + message().toBase64() + '\n';
+    for (int i = 0; i < 3; ++i) { // each sent when the one before is answered
+        filter.write(line);
+        while (!filter.canReadLine())
+            ASSERT_TRUE(filter.waitForReadyRead(30'000)) << "no answer to line " << i;
+        EXPECT_TRUE(filter.readLine().contains("\"key\":\"key\""));
+    }
+    const QByteArray million(1 << 20, 'A');
+    filter.write("long\t");
+    for (int i = 0; i < 65; ++i)
+        filter.write(million);
+    filter.write('\n' + line);
+    filter.closeWriteChannel();
+    EXPECT_TRUE(filter.waitForFinished(60'000));
+    EXPECT_TRUE(
+        filter.readLine().startsWith("{\"error\":\"the line is longer than 64 MiB\",\"key\":\"long\"}"));
+    EXPECT_TRUE(filter.readLine().contains("\"key\":\"key\""));
+}
+
 TEST_F(ShowTest, OfManyFilesTheWorstGivesTheStatus) {
     const QString sound = write("m.mms", message()), cut = write("cut.mms", message().chopped(1));
     const std::pair<QStringList, int> rows[] = {

@@ -21,6 +21,11 @@ bool writeOutput(const CommandLine& line, const QByteArray& octets) {
     return false;
 }
 
+int misused(const QString& command, const QString& cause) {
+    complain(command, QStringLiteral("%1 (lummms %2 --help tells more)").arg(cause, command));
+    return EXIT_UNUSABLE;
+}
+
 void printHeading(const CommandLine& line, const QString& path) {
     if (line.files.size() > 1)
         print(QStringLiteral("==> %1 <==\n").arg(printable(path)));

@@ -43,6 +43,9 @@ QCommandLineOption forceOption();
 /// a complaint.
 bool writeOutput(const CommandLine& line, const QByteArray& octets);
 
+/// Complains about wrong usage of a command, and gives the exit status for it.
+int misused(const QString& command, const QString& cause);
+
 /// Prints a line with the name of the file that comes next, if there are several.
 void printHeading(const CommandLine& line, const QString& path);
 

@@ -88,11 +88,6 @@ QList<QStringList> takeGroups(QStringList& arguments, const QString& name) {
     return groups;
 }
 
-int misused(const Command& command, const QString& cause) {
-    complain(command.name, QStringLiteral("%1 (lummms %2 --help tells more)").arg(cause, command.name));
-    return EXIT_UNUSABLE;
-}
-
 /// What the parser did not understand, as it was typed: of "-p.png" the parser names each letter.
 QString whyNotUnderstood(const QCommandLineParser& options, const QStringList& arguments) {
     const QStringList unknown = options.unknownOptionNames();
@@ -133,10 +128,10 @@ int run(const Command& command, QStringList arguments) {
         return EXIT_DONE;
     }
     if (!understood)
-        return misused(command, whyNotUnderstood(line.options, arguments));
+        return misused(command.name, whyNotUnderstood(line.options, arguments));
     line.files = line.options.positionalArguments();
     const QString wrong = whyNotAsMany(command.arguments, line.files);
-    return wrong.isEmpty() ? command.run(line) : misused(command, wrong);
+    return wrong.isEmpty() ? command.run(line) : misused(command.name, wrong);
 }
 
 int runNamed(QStringList arguments) {

@@ -5,6 +5,7 @@
 #include "multipart/body_part.h"
 #include "tools/lummms/command.h"
 #include "tools/lummms/message.h"
+#include "tools/lummms/print/lines.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 #include "util/lowered.h"
@@ -91,6 +92,13 @@ int showOne(const CommandLine& line, const QString& path) {
 }
 
 int show(const CommandLine& line) {
+    const bool asLines = line.options.isSet("lines");
+    if (asLines && !line.options.isSet("json"))
+        return misused("show", QStringLiteral("--lines needs --json"));
+    if (asLines)
+        return printLines(line);
+    if (line.files.isEmpty())
+        return misused("show", QStringLiteral("FILE is missing"));
     return worstOf(line.files, [&](const QString& path) { return showOne(line, path); });
 }
 
@@ -141,13 +149,20 @@ Command showCommand() {
     return {
         QStringLiteral("show"),
         QStringLiteral("Shows a message: header, parts and slides."),
-        {QStringLiteral("[--json] [--phone] FILE...")},
+        {QStringLiteral("[--json] [--phone] FILE..."), QStringLiteral("--json --lines [--phone] [FILE...]")},
         QStringLiteral(
             "FILE is an MMS PDU as it comes over the air. Of a malformed one everything is shown that\n"
             "could be read. The Date that is shown is the moment of reading: a received message\n"
-            "does not keep the time at which it was sent.\n"),
-        {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")}, phoneOption()},
-        {QStringLiteral("FILE...")},
+            "does not keep the time at which it was sent.\n"
+            "With --lines each FILE gives one JSON object on one line, with \"file\". Without FILE each\n"
+            "line of standard input is a message in base64, if wanted with a key and a tab before it,\n"
+            "and is answered at once by one line with \"key\", or else \"line\", its number. What is wrong\n"
+            "with a message stands in \"error\"; a bad line never ends the work.\n"),
+        {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")},
+         {QStringLiteral("lines"),
+          QStringLiteral("With --json: one line a message; without FILE a filter for lines of base64.")},
+         phoneOption()},
+        {QStringLiteral("[FILE...]")},
         QString(),
         show,
     };

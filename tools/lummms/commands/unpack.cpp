@@ -73,15 +73,10 @@ Unpacker::Unpacker(const CommandLine& line)
 }
 
 int Unpacker::unpack() {
-    QString cause;
     if (!lists_ && !writesOne_ && directory_.isEmpty())
-        cause = QStringLiteral("DIR is missing");
-    else if (writesOne_ && (line_.options.values("part").size() != 1 || files_.size() != 1))
-        cause = QStringLiteral("-o takes one FILE and one --part");
-    if (!cause.isEmpty()) {
-        complain("unpack", cause + QStringLiteral(" (lummms unpack --help tells more)"));
-        return EXIT_UNUSABLE;
-    }
+        return misused("unpack", QStringLiteral("DIR is missing"));
+    if (writesOne_ && (line_.options.values("part").size() != 1 || files_.size() != 1))
+        return misused("unpack", QStringLiteral("-o takes one FILE and one --part"));
     if (!directory_.isEmpty() && !QDir().mkpath(directory_)) {
         complain(directory_, QStringLiteral("cannot be made a directory"));
         return EXIT_UNUSABLE;

@@ -1,0 +1,109 @@
+#include "tools/lummms/print/lines.h"
+
+#include "tools/lummms/command.h"
+#include "tools/lummms/line_reader.h"
+#include "tools/lummms/message.h"
+#include "tools/lummms/print/print.h"
+#include "tools/lummms/terminal.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+/// What an answer says of where its message came from.
+struct Origin {
+    QLatin1String key;
+    QJsonValue value;
+};
+
+QByteArray answer(const Origin& origin, QJsonObject json, const QString& error) {
+    json.insert(origin.key, origin.value);
+    if (!error.isEmpty())
+        json.insert("error", error);
+    const QByteArray text = QJsonDocument(json).toJson(QJsonDocument::Compact);
+    return printableLines(QString::fromUtf8(text)).toUtf8() + '\n';
+}
+
+QByteArray answerOf(const Origin& origin, Message& message, int& status) {
+    const QJsonObject json = toJson(message);
+    const QString error = message.causeOfMalformation();
+    status = error.isEmpty() ? EXIT_DONE : EXIT_MALFORMED;
+    return answer(origin, json, error);
+}
+
+Origin originOf(const QByteArray& line, qint64 number, qsizetype tab) {
+    if (tab < 0)
+        return {QLatin1String("line"), number};
+    return {QLatin1String("key"), QString::fromUtf8(line.constData(), tab)};
+}
+
+QByteArray answerToFile(const QString& path, READING reading, int& status) {
+    const Origin origin{QLatin1String("file"), path};
+    Message message(reading);
+    QString cause;
+    if (message.read(path, cause)) {
+        const QByteArray text = answerOf(origin, message, status);
+        message.verdict(path);
+        return text;
+    }
+    complain(path, cause);
+    status = EXIT_UNUSABLE;
+    return answer(origin, {}, cause);
+}
+
+int printFiles(const QStringList& files, READING reading) {
+    return worstOf(files, [reading](const QString& path) {
+        int status = EXIT_DONE;
+        printOctets(answerToFile(path, reading, status));
+        return status;
+    });
+}
+
+int filter(READING reading) {
+    LineReader lines(STDIN_FILENO);
+    int worst = EXIT_DONE;
+    for (qint64 number = 1; lines.next(); ++number) {
+        int status = EXIT_MALFORMED;
+        const QByteArray text = lines.isTooLong()
+                                    ? answer(originOf(lines.line(), number, lines.line().indexOf('\t')), {},
+                                             QStringLiteral("the line is longer than 64 MiB"))
+                                    : answerToLine(lines.line(), number, reading, status);
+        if (!printOctets(text))
+            return EXIT_UNUSABLE; // nobody listens any more
+        worst = std::max(worst, status);
+    }
+    if (lines.failure().isEmpty())
+        return worst;
+    complain(QStringLiteral("standard input"), QString::fromLocal8Bit(lines.failure()));
+    return EXIT_UNUSABLE;
+}
+
+} // namespace
+
+QByteArray answerToLine(const QByteArray& line, qint64 number, READING reading, int& status) {
+    const qsizetype tab = line.indexOf('\t');
+    const Origin origin = originOf(line, number, tab);
+    const auto decoded = QByteArray::fromBase64Encoding(
+        QByteArray::fromRawData(line.constData() + tab + 1, line.size() - tab - 1),
+        QByteArray::AbortOnBase64DecodingErrors);
+    status = EXIT_MALFORMED;
+    if (!decoded)
+        return answer(origin, {}, QStringLiteral("the message is not in base64"));
+    if (decoded.decoded.isEmpty())
+        return answer(origin, {}, QStringLiteral("no message on the line"));
+    Message message(reading);
+    message.read(decoded.decoded);
+    return answerOf(origin, message, status);
+}
+
+int printLines(const CommandLine& line) {
+    // each answer goes out at once and in one piece, so that programs that append to one file at the same
+    // time do not mix their lines
+    std::setvbuf(stdout, nullptr, _IONBF, 0);
+    const READING reading = readingAskedFor(line);
+    return line.files.isEmpty() ? filter(reading) : printFiles(line.files, reading);
+}
