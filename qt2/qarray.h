@@ -246,7 +246,7 @@ inline qsizetype readRawOctets(QDataStream& stream, char* octets, qsizetype coun
 template <typename T>
 QDataStream& operator<<(QDataStream& stream, const QArray<T>& array) {
     constexpr qsizetype piece = (1 << 30) / qsizetype(sizeof(T)) + 1;
-    if (array.size() > qsizetype(std::numeric_limits<quint32>::max())) {
+    if (!std::in_range<quint32>(array.size())) {
         stream.setStatus(QDataStream::WriteFailed);
         return stream;
     }
@@ -263,24 +263,23 @@ QDataStream& operator<<(QDataStream& stream, const QArray<T>& array) {
 template <typename T>
 QDataStream& operator>>(QDataStream& stream, QArray<T>& array) {
     // A length that nothing follows costs no more memory than this.
-    constexpr qsizetype firstStep = 64 * 1024 / qsizetype(sizeof(T)) + 1;
+    constexpr qint64 firstStep = 64 * 1024 / qint64(sizeof(T)) + 1;
     quint32 length = 0;
     stream >> length;
     array = QArray<T>();
-    qsizetype done = 0;
-    while (done < qsizetype(length) && stream.status() == QDataStream::Ok) {
-        const qsizetype step = std::min(qsizetype(length) - done, std::max(firstStep, done));
-        if (!array.resize(done + step)) {
+    while (std::cmp_less(array.size(), length) && stream.status() == QDataStream::Ok) {
+        const qsizetype done = array.size();
+        const qint64 size = std::min<qint64>(length, done + std::max<qint64>(firstStep, done));
+        if (!std::in_range<qsizetype>(size) || !array.resize(qsizetype(size))) {
             stream.setStatus(QDataStream::ReadCorruptData);
             break;
         }
-        const qsizetype wanted = step * qsizetype(sizeof(T));
+        const qsizetype wanted = (array.size() - done) * qsizetype(sizeof(T));
         const qsizetype got = readRawOctets(stream, reinterpret_cast<char*>(array.data() + done), wanted);
         if (got < wanted) {
             stream.setStatus(QDataStream::ReadPastEnd);
             array.resize(done + got / qsizetype(sizeof(T)));
         }
-        done += step;
     }
     return stream;
 }

@@ -20,7 +20,7 @@ TEST(Multipart, ContentIdReferences) {
     for (const auto& [reference, bare] : rows)
         EXPECT_EQ(MMS_COMP_SMILMultipart::parseCid(reference), bare) << reference;
     EXPECT_TRUE(MMS_COMP_SMILMultipart::isCidEqual("<Img1.x>", " cid:img1.x "));
-    EXPECT_TRUE(MMS_COMP_SMILMultipart::isCidEqual(u"Ä"_qs, u"<ä>"_qs));
+    EXPECT_TRUE(MMS_COMP_SMILMultipart::isCidEqual(QStringLiteral("Ä"), QStringLiteral("<ä>")));
     EXPECT_FALSE(MMS_COMP_SMILMultipart::isCidEqual("<>", "<>"));
 }
 

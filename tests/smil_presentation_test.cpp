@@ -6,7 +6,8 @@ namespace {
 
 int append(MMS_COMP_SMILData& data, const QString& tag, const QString& src, bool newSlide = false) {
     QDomDocument document;
-    QDomElement element = document.createElement(tag);
+    QDomElement element = document.createElement("x");
+    element.setTagName(tag); // an odd one, too
     element.setAttribute("src", src);
     return data.appendElementObject(&element, data.getMultiPart(), newSlide, 3000, nullptr);
 }

@@ -20,7 +20,7 @@ struct Outcome {
     QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
 };
 
-/// Runs the program; a crash gives the status -1.
+/// Runs the program; one that crashes, hangs or does not start gives the status -1.
 inline Outcome lummms(const QStringList& arguments, const QStringList& environment = {},
                       const QByteArray& input = {}) {
     QProcess process;
@@ -28,8 +28,7 @@ inline Outcome lummms(const QStringList& arguments, const QStringList& environme
     process.start(QStringLiteral(LUMMMS), arguments);
     process.write(input);
     process.closeWriteChannel();
-    process.waitForFinished(60'000);
-    const bool exited = process.exitStatus() == QProcess::NormalExit;
+    const bool exited = process.waitForFinished(60'000) && process.exitStatus() == QProcess::NormalExit;
     return {exited ? process.exitCode() : -1, process.readAllStandardOutput(),
             process.readAllStandardError()};
 }
