@@ -47,6 +47,19 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/LumSmilParserConfig.cmake
               ${CMAKE_CURRENT_BINARY_DIR}/LumSmilParserConfigVersion.cmake
         DESTINATION ${package_dir} COMPONENT dev)
 
+install(DIRECTORY examples DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/liblumsmilparser-dev COMPONENT dev)
+
+if(LUM_BUILD_DOCS)
+    find_program(LUM_DOXYGEN doxygen REQUIRED)
+    list(TRANSFORM includes REPLACE "^#include \"(.*)\"$" "\\1" OUTPUT_VARIABLE headers)
+    file(GLOB sources CONFIGURE_DEPENDS docs/* examples/*)
+    add_custom_command(OUTPUT reference/html/index.html DEPENDS lumsmilparser.h ${headers} ${sources} VERBATIM
+                       COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/docs/reference reference)
+    add_custom_target(lum_reference ALL DEPENDS reference/html/index.html)
+    install(DIRECTORY ${CMAKE_CURRENT_BINARY_DIR}/reference/html
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/liblumsmilparser-doc COMPONENT doc)
+endif()
+
 if(LUM_BUILD_TOOLS)
     file(RELATIVE_PATH libraries_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
     set_target_properties(lummms PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_bin}")

@@ -1,15 +1,14 @@
 # The Debian packages that `cpack` makes of an installation below /usr, one for each component.
+set(LUM_MAINTAINER "LumSmilParser maintainers <maintainers@localhost>" CACHE STRING "Maintainer of the packages")
+set(LUM_LICENSE_FILE "" CACHE FILEPATH "Copyright and licence, the copyright file of the packages")
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME lumsmilparser)
-set(CPACK_PACKAGE_VENDOR "LumSmilParser maintainers")
-set(CPACK_PACKAGE_CONTACT "LumSmilParser maintainers <maintainers@localhost>")
+set(CPACK_PACKAGE_CONTACT "${LUM_MAINTAINER}")
+string(REGEX REPLACE " *<.*" "" CPACK_PACKAGE_VENDOR "${LUM_MAINTAINER}")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-
-set(CPACK_COMPONENTS_ALL runtime platform dev)
-if(LUM_BUILD_TOOLS)
-    list(APPEND CPACK_COMPONENTS_ALL tools)
-endif()
+set(CPACK_COMPONENTS_ALL)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
@@ -21,8 +20,24 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_CURRENT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=") # later versions of the same soname serve as well
 
+# the changelog and the copyright file, which every package has
+set(copyright ${LUM_LICENSE_FILE})
+if(NOT copyright)
+    set(copyright ${CMAKE_CURRENT_BINARY_DIR}/copyright)
+    configure_file(cmake/copyright.in copyright @ONLY)
+endif()
+add_custom_command(OUTPUT changelog.gz DEPENDS CHANGELOG.md cmake/debian_changelog VERBATIM
+                   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/cmake/debian_changelog "${LUM_MAINTAINER}"
+                           < ${CMAKE_CURRENT_SOURCE_DIR}/CHANGELOG.md | gzip -9n > changelog.gz)
+add_custom_target(lum_changelog ALL DEPENDS changelog.gz)
+
 # lum_package(component name section description)
 macro(lum_package component name section description)
+    list(APPEND CPACK_COMPONENTS_ALL ${component})
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name}
+            COMPONENT ${component} EXCLUDE_FROM_ALL)
+    install(FILES ${copyright} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${name} RENAME copyright
+            COMPONENT ${component} EXCLUDE_FROM_ALL)
     string(TOUPPER ${component} upper)
     set(CPACK_DEBIAN_${upper}_PACKAGE_NAME ${name})
     set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section})
@@ -31,19 +46,35 @@ macro(lum_package component name section description)
 endmacro()
 
 lum_package(platform liblumsmilparser-platform1 libs "platform libraries of liblumsmilparser
-Settings, MIME tables and notices that the messaging programs share.")
-lum_package(runtime liblumsmilparser1 libs "reads, edits and writes MMS messages
-The library behind a messaging program: the binary message header, the\nmultipart body and the SMIL presentation.")
-lum_package(dev liblumsmilparser-dev libdevel "development files of liblumsmilparser
-Headers, CMake package and pkg-config files.")
-lum_package(tools lummms utils "shows, checks and makes MMS messages
-A command-line program that takes messages apart, composes them and draws\ntheir slides.")
-
+Settings, addresses, MIME tables and notices shared by messaging programs.")
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS shared-mime-info) # the registry of file extensions
+
+lum_package(runtime liblumsmilparser1 libs "library to read, edit and write MMS messages
+Decodes and encodes the binary message header, the multipart body and the\nSMIL presentation.")
 set(CPACK_COMPONENT_RUNTIME_DEPENDS platform)
+
+# the loader's cache is renewed after the libraries were installed or removed
+foreach(component PLATFORM RUNTIME)
+    set(CPACK_DEBIAN_${component}_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/cmake/triggers)
+endforeach()
+
+lum_package(dev liblumsmilparser-dev libdevel "development files of liblumsmilparser
+Headers, CMake package, pkg-config files and examples.")
 set(CPACK_COMPONENT_DEV_DEPENDS runtime platform)
 set(CPACK_DEBIAN_DEV_PACKAGE_DEPENDS qt6-base-dev)
-set(CPACK_COMPONENT_TOOLS_DEPENDS runtime platform)
-set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fonts-dejavu-core) # slides are drawn with some font
+set(CPACK_DEBIAN_DEV_PACKAGE_SUGGESTS liblumsmilparser-doc)
+
+if(LUM_BUILD_DOCS)
+    lum_package(doc liblumsmilparser-doc doc "reference of liblumsmilparser
+The programming interface of the library, as web pages.")
+    set(CPACK_DEBIAN_DOC_PACKAGE_ARCHITECTURE all)
+endif()
+
+if(LUM_BUILD_TOOLS)
+    lum_package(tools lummms utils "show, check and make MMS messages
+Command-line program that takes multimedia messages apart, composes them and\ndraws their slides.")
+    set(CPACK_COMPONENT_TOOLS_DEPENDS runtime platform)
+    set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fonts-dejavu-core) # slides are drawn with some font
+endif()
 
 include(CPack)

@@ -1,6 +1,7 @@
 #pragma once
 
 /// What a codec of the MMS binary encoding answers. One octet, the same numbers for all of them.
+/// @ingroup header
 enum CODEC_RESULT : unsigned char {
     CODEC_READ = 0,       ///< the value was read
     CODEC_NO_MESSAGE = 2, ///< no message record was given

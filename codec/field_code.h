@@ -2,6 +2,7 @@
 
 /// Header field codes (MMS encapsulation, section 7.3, table 8). On the wire a code stands as a
 /// Short-integer: 0x80 | code.
+/// @ingroup header
 enum FIELD_CODE : int {
     FIELD_BCC = 1,
     FIELD_CC = 2,

@@ -6,6 +6,7 @@
 #include <span>
 
 /// The kinds of PDU, by the octet of the Message-Type field (MMS encapsulation, WAP-209, section 7.2.16).
+/// @ingroup header
 enum MESSAGE_TYPE : unsigned char {
     MESSAGE_SEND_REQ = 128,
     MESSAGE_SEND_CONF = 129,

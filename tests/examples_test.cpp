@@ -33,6 +33,12 @@ TEST(Examples, composeReadAndEdit) {
                                                                   "slide 1 \"Greetings from the sea\"\n"
                                                                   "saved \"seen/picture1.jpg\"\n");
     EXPECT_EQ(contents(folder.filePath("seen/picture1.jpg")), contents(folder.filePath("sea.jpg")));
+    EXPECT_EQ(run(folder, "file_type", {"sea.jpg"}),
+              "\"sea.jpg\" \"image/jpeg\" WSP number 30 extension \"jpg\"\n");
+    EXPECT_EQ(run(folder, "slide_text", {"first.mms", "1"}), "Greetings from the sea\n");
+    EXPECT_EQ(run(folder, "slide_text", {"first.mms", "2"}, 1), "");
+    EXPECT_EQ(run(folder, "list_parts", {"first.mms"}).section('\n', 2),
+              "\"greeting.txt\" \"text/plain\" 22\npresentation \"file0\"\n");
 
     EXPECT_EQ(run(folder, "edit_message", {"first.mms", "Back again", "second.mms"}), "");
     EXPECT_EQ(run(folder, "read_message", {"second.mms", "seen"}, 2), // never over a file that is there
@@ -41,6 +47,20 @@ TEST(Examples, composeReadAndEdit) {
     EXPECT_EQ(run(folder, "read_message", {"sea.jpg", "seen"}, 1), "") << "no message";
     EXPECT_EQ(run(folder, "edit_message", {"sea.jpg", "text", "new.mms"}, 1), "");
     EXPECT_EQ(run(folder, "compose_message", {"missing.jpg", "new.mms"}, 2), "");
+}
+
+TEST(Examples, whatTheOthersPrint) {
+    const QTemporaryDir folder;
+    QFile notification(folder.filePath("n.mms"));
+    ASSERT_TRUE(notification.open(QIODevice::WriteOnly));
+    notification.write(QByteArray::fromHex("8c82987431008d908a808e0204008805810302a300"
+                                           "83687474703a2f2f612f6200"));
+    notification.close();
+    EXPECT_EQ(run(folder, "answer_notification", {"n.mms", "a.mms"}), "1024 octets wait at \"http://a/b\"\n");
+    EXPECT_EQ(contents(folder.filePath("a.mms")).toHex(), "8c83987431008d909583");
+    EXPECT_EQ(run(folder, "store_slide", {"slide", "Bring a towel"}), "3000 ms Bring a towel\n");
+    EXPECT_EQ(run(folder, "shared_octets", {}), "glide glide slide\n\"+15550100\" false\n");
+    EXPECT_EQ(run(folder, "encode_field", {"Sea"}), "96 05 ea 53 65 61 00\nSubject \"Sea\"\n");
 }
 
 } // namespace

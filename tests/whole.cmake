@@ -1,7 +1,9 @@
 # Tests of what the project offers as a whole: the examples, the documents, the interface, the installation.
 
-foreach(example read_message compose_message edit_message)
-    add_executable(${example} examples/${example}.cpp)
+file(GLOB examples CONFIGURE_DEPENDS examples/*.cpp)
+foreach(source ${examples})
+    get_filename_component(example ${source} NAME_WE)
+    add_executable(${example} ${source})
     target_link_libraries(${example} PRIVATE lumsmilparser)
     add_dependencies(examples_test ${example})
 endforeach()

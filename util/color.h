@@ -4,6 +4,7 @@
 #include <QString>
 
 /// What a colour record says.
+/// @ingroup presentation
 enum MMS_COMP_COLOR_KIND : int {
     MMS_COMP_COLOR_NONE = 0,       ///< no colour was given
     MMS_COMP_COLOR_NAMED = 1,      ///< one of the sixteen named colours

@@ -3,6 +3,7 @@
 #include <QString>
 
 /// What kind of begin or end time a media object has.
+/// @ingroup presentation
 enum MMS_COMP_SMIL_TIME_TYPE : int {
     MMS_COMP_SMIL_TIME_OFFSET = 0,      ///< milliseconds from the start of the slide
     MMS_COMP_SMIL_TIME_EVENT = 1,       ///< relative to the begin or end of another element

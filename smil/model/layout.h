@@ -13,6 +13,7 @@ class MMS_COMP_SMILLayout;
 class QDomElement;
 
 /// How content is fitted into its region: the `fit` attribute.
+/// @ingroup presentation
 enum MMS_COMP_SMIL_REGION_FIT : int {
     MMS_COMP_SMIL_FIT_HIDDEN = 0, ///< "hidden"
     MMS_COMP_SMIL_FIT_FILL = 1,   ///< "fill"

@@ -16,6 +16,7 @@ class QDataStream;
 class QDomElement;
 
 /// Which element a media object is.
+/// @ingroup presentation
 enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int {
     MMS_COMP_SMIL_MEDIA_AUDIO = 0, ///< `audio`
     MMS_COMP_SMIL_MEDIA_VIDEO = 1, ///< `video`

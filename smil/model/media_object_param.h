@@ -7,6 +7,7 @@
 class QDataStream;
 
 /// What the value of a `param` is: its `valuetype` attribute.
+/// @ingroup presentation
 enum MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE : int {
     MMS_COMP_SMIL_PARAM_DATA = 0,   ///< "data"
     MMS_COMP_SMIL_PARAM_REF = 1,    ///< "ref"

@@ -11,6 +11,7 @@ class MMS_COMP_SMILMultipart;
 class QDomElement;
 
 /// The unit of the regions' measures.
+/// @ingroup presentation
 enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
     MMS_COMP_SMIL_UNIT_PIXEL = 0,   ///< pixels
     MMS_COMP_SMIL_UNIT_PERCENT = 1, ///< per cent of the screen

@@ -1,0 +1,31 @@
+// Keeps a slide in a file and reads it again: store_slide FILE TEXT
+
+#include <lumsmilparser.h>
+
+#include <QDebug>
+#include <QFile>
+
+int main(int argc, char** argv) {
+    QFile file(QString::fromLocal8Bit(argc == 3 ? argv[1] : ""));
+    if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate))
+        return 2;
+
+    // a record holds the slide with all its media objects, and their body parts
+    MMS_COMP_SMILMultipart body;
+    MMS_COMP_SMILTimingContainer slide(&body);
+    slide.setDur(3000);
+    slide.updateData(MMS_COMP_SMILData::getTextRegionId(), "note.txt", MMS_COMP_SMIL_MEDIA_TEXT, "plain",
+                     QByteArray(argv[2]), true, &body);
+    QDataStream out(&file);
+    slide.writeToStream(out);
+    if (out.status() != QDataStream::Ok || !file.flush() || !file.seek(0))
+        return 2;
+
+    // the stream's status tells whether the record was whole
+    MMS_COMP_SMILTimingContainer stored(nullptr);
+    QDataStream in(&file);
+    if (!stored.readFromStream(in) || in.status() != QDataStream::Ok)
+        return 1;
+    qInfo() << stored.getDur() << "ms" << stored.getTextElem()->getData()->getBodyData().data();
+    return 0;
+}
