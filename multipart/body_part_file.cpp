@@ -2,6 +2,7 @@
 #include "platform/utility/common.h"
 
 #include <QFile>
+#include <QVarLengthArray>
 
 #include <algorithm>
 
@@ -11,30 +12,44 @@
 
 namespace {
 
-/// An open directory, by its number; closed with the object.
-class Directory {
+/// The directories from the one it begins with down to the present one, kept open.
+class Descent {
 public:
-    explicit Directory(int fd) : fd_(fd) {}
-    Directory(const Directory&) = delete;
-    Directory& operator=(const Directory&) = delete;
-    ~Directory() { close(); }
+    explicit Descent(const QByteArray& root) { open(AT_FDCWD, root, O_PATH | O_DIRECTORY | O_CLOEXEC); }
+    Descent(const Descent&) = delete;
+    Descent& operator=(const Descent&) = delete;
+    ~Descent() {
+        for (const int fd : fds_)
+            ::close(fd);
+    }
 
-    int fd() const { return fd_; }
-    bool isOpen() const { return fd_ >= 0; }
-    /// Goes down into one of its directories, links not followed.
-    void enter(const QByteArray& name) {
-        const int below = ::openat(fd_, name.constData(), O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-        close();
-        fd_ = below;
+    /// The number of the present directory.
+    int fd() const { return fds_.last(); }
+    bool isOpen() const { return !fds_.isEmpty(); }
+
+    /// Goes one step of a path, links not followed. False when there is no such directory, or ".." would
+    /// leave the first.
+    bool go(const QByteArray& step) {
+        if (step.isEmpty() || step == ".")
+            return true;
+        if (step != "..")
+            return open(fd(), step, O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
+        if (fds_.size() == 1)
+            return false;
+        ::close(fd());
+        fds_.removeLast();
+        return true;
     }
 
 private:
-    void close() {
-        if (fd_ >= 0)
-            ::close(fd_);
+    bool open(int at, const QByteArray& name, int flags) {
+        const int fd = ::openat(at, name.constData(), flags);
+        if (fd >= 0)
+            fds_.append(fd);
+        return fd >= 0;
     }
 
-    int fd_;
+    QVarLengthArray<int, 8> fds_;
 };
 
 /// An ordinary file with no second name, which might lie anywhere.
@@ -44,7 +59,7 @@ bool isPlainFile(const struct stat& status) {
 
 /// Opens the file for writing, empty; -1 for anything but a plain file. Devices and pipes that wait
 /// under that name are neither waited for nor written to.
-int openPlainFile(const Directory& directory, const QByteArray& name) {
+int openPlainFile(const Descent& directory, const QByteArray& name) {
     const int fd = ::openat(directory.fd(), name.constData(),
                             O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (fd < 0)
@@ -60,7 +75,7 @@ int openPlainFile(const Directory& directory, const QByteArray& name) {
     return -1;
 }
 
-void removePlainFile(const Directory& directory, const QByteArray& name) {
+void removePlainFile(const Descent& directory, const QByteArray& name) {
     struct stat status;
     if (::fstatat(directory.fd(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0 && isPlainFile(status))
         ::unlinkat(directory.fd(), name.constData(), 0);
@@ -72,17 +87,13 @@ bool writeBelow(const QString& root, const QString& name, const QArray<char>& da
     if (name.contains(QChar(0)))
         return false;
     QList<QByteArray> steps = QFile::encodeName(name).split('/');
-    if (std::any_of(steps.begin(), steps.end(), [](const QByteArray& s) { return s == "." || s == ".."; }))
-        return false;
     const QByteArray fileName = steps.takeLast();
-    if (fileName.isEmpty())
+    if (fileName.isEmpty() || fileName == "." || fileName == "..")
         return false;
 
-    Directory directory(::open(QFile::encodeName(root).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    for (const QByteArray& step : steps)
-        if (directory.isOpen() && !step.isEmpty())
-            directory.enter(step);
-    if (!directory.isOpen())
+    Descent directory(QFile::encodeName(root));
+    const auto go = [&directory](const QByteArray& step) { return directory.go(step); };
+    if (!directory.isOpen() || !std::all_of(steps.begin(), steps.end(), go))
         return false;
 
     QFile file;

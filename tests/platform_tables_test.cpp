@@ -1,7 +1,7 @@
 #include "tests/testing.h"
 
-#include <QDir>
 #include <QLoggingCategory>
+#include <QTemporaryDir>
 
 namespace {
 
@@ -66,7 +66,18 @@ TEST(Setting, largestMessageSizeAndTemporaryDirectory) {
     }
     qunsetenv("LUM_MMS_MAX_SIZE_KB");
     EXPECT_EQ(MMS_UTIL_Setting::getMaxiumMOMMSSize(), 300);
-    EXPECT_EQ(MMS_UTIL_Common::getTmpDir(), QDir::tempPath() + '/');
+    const QTemporaryDir dir;
+    const std::pair<QString, QString> directories[] = {{dir.path(), dir.path() + '/'},
+                                                       {dir.path() + "//.", dir.path() + '/'},
+                                                       {dir.path() + "/none", "/tmp/"},
+                                                       {put(dir.path() + "/file", "x"), "/tmp/"},
+                                                       {"/", "/tmp/"},
+                                                       {"", "/tmp/"}};
+    for (const auto& [named, used] : directories) {
+        qputenv("TMPDIR", named.toLocal8Bit());
+        EXPECT_EQ(MMS_UTIL_Common::getTmpDir(), used) << qPrintable(named);
+    }
+    qunsetenv("TMPDIR");
 }
 
 TEST(OctetLog, saysNothingUnasked) {

@@ -3,6 +3,7 @@
 #include "platform/utility/ascii.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -135,8 +136,10 @@ bool isName(const QString& text, std::string_view name) {
 } // namespace
 
 QString MMS_UTIL_Common::getTmpDir() {
-    const QString path = QDir::tempPath();
-    return path.endsWith(u'/') ? path : path + u'/';
+    const QString path = QDir::tempPath(); // empty where TMPDIR names no directory
+    // what a message names must never be written below the root directory
+    const bool usable = path != u"/" && QFileInfo(path).isDir();
+    return usable ? path + u'/' : QStringLiteral("/tmp/");
 }
 
 unsigned char MMS_UTIL_Common::mimeTypeGetValue(const QString& type, const QString& subType) {

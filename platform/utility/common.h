@@ -7,7 +7,8 @@
 /// What the phone's messaging programs share: the temporary directory and the WSP media numbers.
 class LUM_EXPORT MMS_UTIL_Common {
 public:
-    /// The system's temporary directory, with a closing "/".
+    /// The system's temporary directory, with a closing "/": what TMPDIR names, or "/tmp/" where that is
+    /// no directory or the root directory.
     static QString getTmpDir();
 
     /// The well-known number (0x00 to 0x4B, WSP assigned numbers, content types) of a media type,
