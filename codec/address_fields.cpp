@@ -24,7 +24,7 @@ unsigned char FromField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) cons
     if (length < 0 || !buffer->hasMore())
         return CODEC_MALFORMED;
     const unsigned char token = buffer->readByte();
-    msg->setFromPlaceholder();
+    msg->setFrom(MMS_UTIL_Entry(QStringLiteral("NoBody"), MMS_UTIL_Entry::PLACEHOLDER, QString()));
     if (length < 2 || token != addressPresent)
         return CODEC_READ;
     MMS_UTIL_Entry sender;

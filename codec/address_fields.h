@@ -50,8 +50,9 @@ class LUM_EXPORT BccField final
     : public RecipientsField<FIELD_BCC, &MMS_UA_UAMsg::getBcc, &MMS_UA_UAMsg::addBccRecipient> {};
 
 /// From, 0x89: a Value-length, then the token 128 and an address, or the token 129 that asks the
-/// network to insert it. A message that came with the latter has the placeholder as its sender
-/// (MMS_UA_UAMsg::setFromPlaceholder()); a message without a sender's address is written with it.
+/// network to insert it. A message without a sender's address is written with the latter. Reading gives
+/// the message a placeholder first (name "NoBody", type MMS_UTIL_Entry::PLACEHOLDER, no address), and
+/// then the address if there is one.
 class LUM_EXPORT FromField final : public FieldBase {
 public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;

@@ -5,12 +5,15 @@
 #include "codec/time_binary.h"
 #include "codec/ua_msg.h"
 
+#include <ctime>
+
 unsigned char MsgDateField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const {
     unsigned int dropped = 0;
     const unsigned char result = SecondsBinary::readFrom(buffer, &dropped);
     if (result != CODEC_READ)
         return result;
-    msg->setSendTimeToNow();
+    tzset(); // for the present moment in local time
+    msg->setSendTime(QDateTime::currentDateTime());
     return result;
 }
 
@@ -52,9 +55,9 @@ unsigned char ExpiryField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) co
 
 unsigned char ExpiryField::writeField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const {
     IntegerBinary::writeTo(buffer, FIELD_EXPIRY);
-    return TimeBinary::writeTo(buffer, TimeBinary::RELATIVE, time_t(msg->getExpireTime()));
+    return TimeBinary::writeTo(buffer, TimeBinary::RELATIVE, msg->getExpireTime());
 }
 
 int ExpiryField::fieldSize(MMS_UA_UAMsg* msg) const {
-    return 1 + TimeBinary::sizeOf(time_t(msg->getExpireTime()));
+    return 1 + TimeBinary::sizeOf(msg->getExpireTime());
 }

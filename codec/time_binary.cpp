@@ -6,22 +6,26 @@
 
 #include <algorithm>
 #include <climits>
+#include <ctime>
 
 namespace {
 
-constexpr time_t latest = UINT_MAX;
+static_assert(sizeof(time_t) == sizeof(qint64), "dates after 2038 need a time_t of 64 bits");
+static_assert(sizeof(int) == 4, "seconds travel in 32 bits");
 
-bool needsUnsigned(time_t seconds) {
+constexpr qint64 latest = UINT_MAX;
+
+bool needsUnsigned(qint64 seconds) {
     return seconds > INT_MAX;
 }
 
-int signedSeconds(time_t seconds) {
-    return static_cast<int>(std::max<time_t>(seconds, INT_MIN));
+int signedSeconds(qint64 seconds) {
+    return static_cast<int>(std::max<qint64>(seconds, INT_MIN));
 }
 
 } // namespace
 
-time_t SecondsBinary::of(const QDateTime& time) {
+qint64 SecondsBinary::of(const QDateTime& time) {
     const QDate date = time.date();
     const QTime clock = time.time();
     tm parts{};
@@ -43,7 +47,7 @@ unsigned char SecondsBinary::readFrom(LinearBuffer* buffer, unsigned int* out) {
     return result;
 }
 
-unsigned char SecondsBinary::writeTo(LinearBuffer* buffer, time_t seconds) {
+unsigned char SecondsBinary::writeTo(LinearBuffer* buffer, qint64 seconds) {
     if (!needsUnsigned(seconds))
         return IntegerBinary::writeTo(buffer, signedSeconds(seconds));
     const auto value = static_cast<unsigned int>(std::min(seconds, latest));
@@ -54,7 +58,7 @@ unsigned char SecondsBinary::writeTo(LinearBuffer* buffer, time_t seconds) {
     return CODEC_WRITTEN;
 }
 
-int SecondsBinary::sizeOf(time_t seconds) {
+int SecondsBinary::sizeOf(qint64 seconds) {
     return needsUnsigned(seconds) ? 5 : IntegerBinary::sizeOf(signedSeconds(seconds));
 }
 
@@ -71,6 +75,7 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, u
     unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (result != CODEC_READ)
         return result;
+    tzset(); // the time zone may have changed since the last message
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     *token = buffer->readByte();
@@ -89,7 +94,7 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, QDateTime* out) {
     return result;
 }
 
-unsigned char TimeBinary::writeTo(LinearBuffer* buffer, unsigned char token, time_t seconds) {
+unsigned char TimeBinary::writeTo(LinearBuffer* buffer, unsigned char token, qint64 seconds) {
     ValueLengthBinary::writeTo(buffer, SecondsBinary::sizeOf(seconds) + 1);
     buffer->appendByte(token);
     return SecondsBinary::writeTo(buffer, seconds);
@@ -99,7 +104,7 @@ unsigned char TimeBinary::writeTo(LinearBuffer* buffer, const QDateTime& time) {
     return writeTo(buffer, ABSOLUTE, SecondsBinary::of(time));
 }
 
-int TimeBinary::sizeOf(time_t seconds) {
+int TimeBinary::sizeOf(qint64 seconds) {
     return SecondsBinary::sizeOf(seconds) + 2;
 }
 

@@ -4,8 +4,6 @@
 
 #include <QDateTime>
 
-#include <ctime>
-
 class LinearBuffer;
 
 /// A date on the wire: seconds since 1970-01-01 00:00 UTC as an integer, read as an unsigned 32-bit
@@ -14,15 +12,15 @@ class LUM_EXPORT SecondsBinary {
 public:
     /// The seconds of a date-time whose clock reading is taken as local time, daylight saving as the
     /// system has it; -1 when there is no such time.
-    static time_t of(const QDateTime& time);
+    static qint64 of(const QDateTime& time);
 
     /// Reads seconds as they stand. CODEC_READ, or CODEC_MALFORMED when the input ends first.
     static unsigned char readFrom(LinearBuffer* buffer, unsigned int* out);
     /// Seconds up to 2038-01-19 as IntegerBinary writes them, later ones as the four octets of the
     /// unsigned value (at most the last second of 2106 that it can tell). Answers CODEC_WRITTEN.
-    static unsigned char writeTo(LinearBuffer* buffer, time_t seconds);
+    static unsigned char writeTo(LinearBuffer* buffer, qint64 seconds);
     /// Octets that writeTo() writes.
-    static int sizeOf(time_t seconds);
+    static int sizeOf(qint64 seconds);
     /// Octets of the seconds of a date-time.
     static int sizeOf(const QDateTime& time);
 };
@@ -43,12 +41,12 @@ public:
     static unsigned char readFrom(LinearBuffer* buffer, QDateTime* out);
 
     /// Writes token and seconds as they are given. Answers CODEC_WRITTEN.
-    static unsigned char writeTo(LinearBuffer* buffer, unsigned char token, time_t seconds);
+    static unsigned char writeTo(LinearBuffer* buffer, unsigned char token, qint64 seconds);
     /// Writes the absolute form of a date-time whose clock reading is taken as local time.
     static unsigned char writeTo(LinearBuffer* buffer, const QDateTime& time);
 
     /// Octets of a time with a token; the Value-length always fits one octet.
-    static int sizeOf(time_t seconds);
+    static int sizeOf(qint64 seconds);
     /// The same for the absolute form of a date-time.
     static int sizeOf(const QDateTime& time);
 };

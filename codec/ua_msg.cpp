@@ -5,22 +5,25 @@
 #include <algorithm>
 #include <iterator>
 
+namespace {
+
+/// Whether a time says nothing: no date, and no time of day or midnight, which is how one of zeros looks.
+bool isNull(const QDateTime& time) {
+    return time.date().isNull() && time.time().msecsSinceStartOfDay() == 0;
+}
+
+} // namespace
+
 using Base = MMS_UTIL_MsgHeaderBase;
 
 MMS_UA_UAMsg::MMS_UA_UAMsg() = default;
 MMS_UA_UAMsg::~MMS_UA_UAMsg() = default;
 
 void MMS_UA_UAMsg::setFrom(MMS_UTIL_Entry from) {
-    if (from.isEmpty())
+    if (from.isEmpty() && from.getType() != MMS_UTIL_Entry::PLACEHOLDER)
         return;
     markPresent(FIELD_FROM);
     Base::setFrom(std::move(from));
-}
-
-void MMS_UA_UAMsg::setFromPlaceholder() {
-    constexpr int unknownSender = 2;
-    markPresent(FIELD_FROM);
-    Base::setFrom(MMS_UTIL_Entry(QStringLiteral("NoBody"), unknownSender, QString()));
 }
 
 void MMS_UA_UAMsg::setTo(QPtrList<MMS_UTIL_Entry> to) {
@@ -78,19 +81,14 @@ void MMS_UA_UAMsg::setSubject(QString subject) {
 }
 
 void MMS_UA_UAMsg::setSendTime(QDateTime time) {
-    if (time.isNull())
+    if (isNull(time))
         return;
     markPresent(FIELD_DATE);
     Base::setSendTime(std::move(time));
 }
 
-void MMS_UA_UAMsg::setSendTimeToNow() {
-    markPresent(FIELD_DATE);
-    Base::setSendTimeToNow();
-}
-
 void MMS_UA_UAMsg::setDeliveryTime(QDateTime time) {
-    if (time.isNull())
+    if (isNull(time))
         return;
     markPresent(FIELD_DELIVERY_TIME);
     Base::setDeliveryTime(std::move(time));

@@ -8,8 +8,10 @@
 /// set, where each stood in a decoded PDU, and the body behind the header.
 ///
 /// The setters of the base mark their field as present; a setter given nothing (an empty text, entry
-/// or list, a null time, a content type without a type) changes nothing. The fields that are public
-/// data mark nothing, nor does setMsgSize(): who builds a message sets the value and calls markPresent().
+/// or list, a time without date and hour, a content type without a type) changes nothing, but setFrom()
+/// takes the placeholder of type MMS_UTIL_Entry::PLACEHOLDER. The decoder hands every field that has a
+/// setter to it, so that a class which overrides it sees the field. The fields that are public data mark
+/// nothing, nor does setMsgSize(): who builds a message sets the value and calls markPresent().
 class LUM_EXPORT MMS_UA_UAMsg : public MMS_UTIL_MsgHeaderBase {
 public:
     MMS_UA_UAMsg();
@@ -40,12 +42,6 @@ public:
     void setReadReplyNecessity(bool on) override;
     void setMsgURI(QString uri) override;
     void printMsg() override;
-
-    /// Makes the present moment the send time, as decoding does, and marks Date present.
-    void setSendTimeToNow();
-    /// The sender of a received message whose network is still to fill it in: name "NoBody", type 2,
-    /// no address. Marks From present.
-    void setFromPlaceholder();
 
     /// The transaction id; empty when it was never set.
     QString getTransactionId() const { return transactionId; }

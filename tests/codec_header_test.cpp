@@ -45,8 +45,10 @@ TEST(HeaderRecord, SettersGivenNothingMarkNothing) {
     msg.setTo({});
     msg.setCc({});
     msg.setBcc({});
-    msg.setSendTime({});
-    msg.setDeliveryTime({});
+    for (const QTime time : {QTime(), QTime(0, 0)}) { // of zeros
+        msg.setSendTime(QDateTime(QDate(), time));
+        msg.setDeliveryTime(QDateTime(QDate(), time));
+    }
     msg.setContentType({"", "b", "c"});
     msg.setFlags(0xFF);
     msg.setAttachmentInc(true);
@@ -133,6 +135,26 @@ TEST(Decoder, EveryField) {
     EXPECT_EQ(m.getFieldPosition(FIELD_CC), 8); // two in a row share a place
     EXPECT_EQ(m.bodyLength, 3u);
     EXPECT_EQ(m.bodyStart, d.octets.data() + d.octets.size() - 3);
+}
+
+TEST(Decoder, OverriddenSettersSeeTheFields) {
+    struct : Msg {
+        void setFrom(MMS_UTIL_Entry from) override {
+            seen += from.getName() + from.getAddress() + '|';
+            Msg::setFrom(from);
+        }
+        void setSendTime(QDateTime time) override {
+            seen += time.timeSpec() == Qt::LocalTime ? "now|" : "?";
+            Msg::setSendTime(time);
+        }
+        QString seen;
+    } msg;
+    QByteArray header = octets("89 05 80 61 40 62 00 89 01 81 85 04 50 00 00 00");
+    auto length = static_cast<unsigned int>(header.size());
+    EXPECT_EQ(MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char*>(header.data()), length, &msg),
+              CODEC_READ);
+    EXPECT_EQ(msg.seen, "NoBody|a@b|NoBody|now|");
+    EXPECT_EQ(msg.getFrom().getAddress(), ""); // the later field's placeholder
 }
 
 TEST(Decoder, HeadersGivenByName) {

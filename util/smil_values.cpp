@@ -1,4 +1,5 @@
-#include "smil/parser/smil_parser.h"
+#include "util/smil_values.h"
+
 #include "util/color.h"
 #include "util/short_number.h"
 #include "util/smil_time.h"
@@ -128,7 +129,7 @@ bool readHexColor(QStringView text, QColor& color) {
 
 } // namespace
 
-int MMS_COMP_SMILParser::parseDur(const QString& text) {
+int durationOf(QStringView text) {
     if (text.isEmpty())
         return DURATION_NOT_GIVEN;
     if (text == QLatin1StringView("indefinite"))
@@ -136,56 +137,54 @@ int MMS_COMP_SMILParser::parseDur(const QString& text) {
     return scanTime(text).value_or(DEFAULT_DURATION);
 }
 
-void MMS_COMP_SMILParser::parseTime(const QString& text, MMS_COMP_SMIL_TIME* time) {
-    if (!time)
-        return;
+void readTime(const QString text, MMS_COMP_SMIL_TIME& time) {
     if (text.isEmpty()) {
-        time->type = MMS_COMP_SMIL_TIME_UNSPECIFIED;
+        time.type = MMS_COMP_SMIL_TIME_UNSPECIFIED;
         return;
     }
     QStringView rest = text;
     if (text.startsWith(QLatin1StringView("id("))) {
         const qsizetype close = rest.indexOf(u')');
         const qsizetype end = close < 0 ? rest.size() : close;
-        time->type = MMS_COMP_SMIL_TIME_EVENT;
-        time->id = rest.first(end).sliced(3).toString();
+        time.type = MMS_COMP_SMIL_TIME_EVENT;
+        time.id = rest.first(end).sliced(3).toString();
         rest = rest.sliced(close < 0 ? end : end + 1);
         const bool atBegin = rest.contains(QLatin1StringView("begin"));
         if (atBegin || rest.contains(QLatin1StringView("end"))) {
-            time->value = atBegin ? AT_BEGIN : AT_END;
+            time.value = atBegin ? AT_BEGIN : AT_END;
             return;
         }
         // The parentheses around the offset, taken off whatever they are.
         rest.chop(std::min<qsizetype>(rest.size(), 1));
         rest = rest.sliced(std::min<qsizetype>(rest.size(), 1));
     } else {
-        time->type = MMS_COMP_SMIL_TIME_OFFSET;
-        time->id = QStringLiteral("");
+        time.type = MMS_COMP_SMIL_TIME_OFFSET;
+        time.id = QStringLiteral("");
     }
     if (const std::optional<qint32> value = scanTime(rest))
-        time->value = *value;
+        time.value = *value;
     else
-        time->type = MMS_COMP_SMIL_TIME_INVALID;
+        time.type = MMS_COMP_SMIL_TIME_INVALID;
 }
 
-void MMS_COMP_SMILParser::parseColor(const QString& text, MMS_COMP_COLOR& color) {
+void readColor(const QString& text, MMS_COMP_COLOR& color) {
     const QString trimmed = text.trimmed();
     if (trimmed.isEmpty()) {
-        color.kind = 0;
+        color.kind = MMS_COMP_COLOR_NONE;
         return;
     }
     for (const NamedColor& named : NAMED_COLORS) {
         if (trimmed == named.name) {
-            color.kind = 1;
+            color.kind = MMS_COMP_COLOR_NAMED;
             color.text = named.name;
             color.color.setRgb(named.red, named.green, named.blue);
             return;
         }
     }
-    color.kind = 3;
+    color.kind = MMS_COMP_COLOR_UNREADABLE;
     if (trimmed.startsWith(u'#') && (trimmed.size() == 4 || trimmed.size() == 7)) {
         color.text = QStringLiteral("");
-        color.kind = readHexColor(trimmed, color.color) ? 2 : 3;
+        color.kind = readHexColor(trimmed, color.color) ? MMS_COMP_COLOR_NUMERIC : MMS_COMP_COLOR_UNREADABLE;
     } else if (trimmed.startsWith(QLatin1StringView("rgb(")) && !trimmed.contains(u'%')) {
         // Known as a form, but no phone of the family reads it: the colour stays what it was.
         color.text = QStringLiteral("");

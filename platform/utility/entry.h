@@ -9,8 +9,9 @@ class LUM_EXPORT MMS_UTIL_Entry {
 public:
     /// What an address is. Other numbers are kept as given; they mark an address that cannot be sent.
     enum TYPE {
-        EMAIL = 0, ///< an e-mail address
-        PLMN = 1,  ///< a phone number
+        EMAIL = 0,       ///< an e-mail address
+        PLMN = 1,        ///< a phone number
+        PLACEHOLDER = 2, ///< stands for the sender of a received message that names none
     };
 
     /// An empty phone number without a name.

@@ -82,10 +82,6 @@ void MMS_UTIL_MsgHeaderBase::setSubject(QString subject) {
 }
 void MMS_UTIL_MsgHeaderBase::setSendTime(QDateTime time) {
     sendTime_ = std::move(time);
-    sendMoment_.reset();
-}
-void MMS_UTIL_MsgHeaderBase::setSendTimeToNow() {
-    sendMoment_ = QDateTime::currentDateTimeUtc();
 }
 void MMS_UTIL_MsgHeaderBase::setDeliveryTime(QDateTime time) {
     deliveryTime_ = std::move(time);

@@ -7,8 +7,6 @@
 #include <QDateTime>
 #include <QString>
 
-#include <optional>
-
 /// A content type as three texts.
 struct LUM_EXPORT MMS_CONTENT_TYPE_T {
     QString type;       ///< top-level media type, such as "application"
@@ -84,9 +82,6 @@ public:
     virtual void setReadReplyNecessity(bool on);
     /// The Content-Location from which the message can be fetched.
     virtual void setMsgURI(QString uri);
-    /// Stores the present moment as the send time, and marks nothing. Looking the time zone up takes
-    /// longer than reading a header does; here it is left to getSendTime().
-    void setSendTimeToNow();
     /// A hook for debugging; prints nothing.
     virtual void printMsg();
 
@@ -107,7 +102,7 @@ public:
     /// The Message-ID.
     QString getMsgID() const { return msgId_; }
     /// The Date, in local time; of a received message the moment of reading.
-    QDateTime getSendTime() const { return sendMoment_ ? sendMoment_->toLocalTime() : sendTime_; }
+    QDateTime getSendTime() const { return sendTime_; }
     /// The earliest time of delivery, in local time; null when there is none.
     QDateTime getDeliveryTime() const { return deliveryTime_; }
     /// Seconds, counted from now, after which the message may be dropped.
@@ -146,7 +141,6 @@ private:
     unsigned char priority_ = 129; // Normal, as a message without the field has it
     QString msgId_;
     QDateTime sendTime_;
-    std::optional<QDateTime> sendMoment_; // in UTC; the send time, if there is one
     QDateTime deliveryTime_;
     unsigned int expireTime_ = 0;
     bool senderVisibility_ = false;

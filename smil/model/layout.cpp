@@ -2,7 +2,7 @@
 
 #include "smil/model/measure.h"
 #include "smil/model/words.h"
-#include "smil/parser/smil_parser.h"
+#include "util/smil_values.h"
 
 #include <QDomElement>
 #include <QHashFunctions>
@@ -76,7 +76,7 @@ bool MMS_COMP_SMILRootLayout::setHeight(int height) {
 }
 
 bool MMS_COMP_SMILRootLayout::setBackgroundColor(const QString& text) {
-    MMS_COMP_SMILParser::parseColor(text, backgroundColor_);
+    readColor(text, backgroundColor_);
     return backgroundColor_.kind != MMS_COMP_COLOR_UNREADABLE;
 }
 

@@ -2,9 +2,9 @@
 
 #include "multipart/multipart.h"
 #include "smil/model/words.h"
-#include "smil/parser/smil_parser.h"
 #include "util/mms_comp_util.h"
 #include "util/record_stream.h"
+#include "util/smil_values.h"
 
 #include <QDomElement>
 
@@ -69,8 +69,8 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement* element, MMS_COMP_SMILM
         part->setRefCount(part->getRefCount() + 1);
     part->setDispFileType(LINKED_PART);
 
-    MMS_COMP_SMILParser::parseTime(attribute(QStringLiteral("begin")), &begin_);
-    MMS_COMP_SMILParser::parseTime(attribute(QStringLiteral("end")), &end_);
+    readTime(attribute(QStringLiteral("begin")), begin_);
+    readTime(attribute(QStringLiteral("end")), end_);
     readParams(*element);
     return LINKED;
 }
