@@ -10,10 +10,12 @@
 
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 #include <clocale>
 #include <cstring>
 #include <langinfo.h>
+#include <limits>
 
 namespace {
 
@@ -35,26 +37,56 @@ int save(const CommandLine& line, const QByteArray& octets) {
     return !octets.isEmpty() && writeOutput(line, octets) ? EXIT_DONE : EXIT_UNUSABLE;
 }
 
-int render(const CommandLine& line) {
-    const QString path = line.files.first();
-    const QString output = line.options.value("output");
+/// Reads "FROM-TO", or one number; false for anything else.
+bool readRange(const QString& text, SlideRange& range) {
+    static const QRegularExpression form("^([1-9][0-9]{0,8})(?:-([1-9][0-9]{0,8}))?$");
+    const QRegularExpressionMatch match = form.match(text);
+    range.from = match.captured(1).toInt();
+    range.to = match.captured(2).isNull() ? range.from : match.captured(2).toInt();
+    return match.hasMatch() && range.from <= range.to;
+}
+
+/// What is to be drawn.
+struct Wanted {
+    bool isPage = false;
+    int scale = USUAL_SCALE;
+    SlideRange range = {1, std::numeric_limits<int>::max()};
+};
+
+/// Reads the options; false after a complaint about one that makes no sense.
+bool readOptions(const QCommandLineParser& options, Wanted& wanted) {
+    const QString output = options.value("output");
     const QString kind =
         output == STANDARD_STREAM ? QStringLiteral("png") : QFileInfo(output).suffix().toLower();
-    if (kind != u"png" && kind != u"html") {
+    wanted.isPage = kind == u"html";
+    if (!wanted.isPage && kind != u"png") {
         complain("-o", output.isEmpty()
                            ? QStringLiteral("the file to write is missing")
                            : QStringLiteral("'%1' ends neither in .png nor in .html").arg(output));
-        return EXIT_UNUSABLE;
+        return false;
     }
     bool isNumber = true;
-    const int scale =
-        line.options.isSet("scale") ? line.options.value("scale").toInt(&isNumber) : USUAL_SCALE;
-    if (!isNumber || scale < 1 || scale > LARGEST_SCALE) {
-        complain("--scale", QStringLiteral("'%1' is no number from 1 to %2")
-                                .arg(line.options.value("scale"))
-                                .arg(LARGEST_SCALE));
-        return EXIT_UNUSABLE;
+    if (options.isSet("scale"))
+        wanted.scale = options.value("scale").toInt(&isNumber);
+    if (!isNumber || wanted.scale < 1 || wanted.scale > LARGEST_SCALE) {
+        complain(
+            "--scale",
+            QStringLiteral("'%1' is no number from 1 to %2").arg(options.value("scale")).arg(LARGEST_SCALE));
+        return false;
     }
+    if (options.isSet("slides") && !readRange(options.value("slides"), wanted.range)) {
+        complain("--slides", QStringLiteral("'%1' is neither a number from 1 on nor two, as in 31-60")
+                                 .arg(options.value("slides")));
+        return false;
+    }
+    return true;
+}
+
+int render(const CommandLine& line) {
+    const QString path = line.files.first();
+    Wanted wanted;
+    if (!readOptions(line.options, wanted))
+        return EXIT_UNUSABLE;
     Message message(readingAskedFor(line));
     QString cause;
     if (!message.read(path, cause)) {
@@ -65,10 +97,17 @@ int render(const CommandLine& line) {
     if (!message.smilPart)
         makeSlidesOfParts(message);
     const int verdict = message.verdict(path);
-    if (!message.presentation->getTotalSlidesNum()) {
+    const int slides = message.presentation->getTotalSlidesNum();
+    if (!slides) {
         if (verdict != EXIT_DONE)
             return verdict;
         complain(path, QStringLiteral("has nothing to draw"));
+        return EXIT_UNUSABLE;
+    }
+    if (wanted.range.from > slides) {
+        complain("--slides", QStringLiteral("there is no slide %1, only %2")
+                                 .arg(wanted.range.from)
+                                 .arg(counted(slides, "slide")));
         return EXIT_UNUSABLE;
     }
     prepareSurroundings();
@@ -76,12 +115,14 @@ int render(const CommandLine& line) {
     char* arguments[] = {name, nullptr};
     int count = 1;
     const QGuiApplication application(count, arguments);
-    int leftOut = 0;
-    const int saved =
-        save(line, kind == u"png" ? slidesAsPng(message, scale, leftOut) : slidesAsPage(message, leftOut));
-    if (saved == EXIT_DONE && leftOut)
-        complain(output, QStringLiteral("there was no room for %1").arg(counted(leftOut, "further slide")));
-    return saved == EXIT_DONE ? verdict : saved;
+    const Drawing drawing = wanted.isPage ? slidesAsPage(message, wanted.range)
+                                          : slidesAsPng(message, wanted.range, wanted.scale);
+    const int saved = save(line, drawing.octets);
+    if (saved != EXIT_DONE)
+        return saved;
+    for (const QString& note : drawing.notes)
+        complain(line.options.value("output"), note);
+    return verdict;
 }
 
 } // namespace
@@ -89,16 +130,19 @@ int render(const CommandLine& line) {
 Command renderCommand() {
     return {
         "render",
-        "Draws the slides of a message as the phone shows them.",
-        {"FILE -o SLIDES.png [--scale NUMBER] [--phone]", "FILE -o SLIDES.html [--phone]"},
-        "A .png has the slides side by side: the region for texts above the one for pictures, marks\n"
-        "for sound and video, and the duration below. A .html is one page that plays the slides;\n"
-        "arrow keys and buttons step through them, the space bar stops and goes on.\n"
+        "Draws the slides of a message, in a picture or on a page.",
+        {"FILE -o SLIDES.png [--slides FROM-TO] [--scale NUMBER] [--phone]",
+         "FILE -o SLIDES.html [--slides FROM-TO] [--phone]"},
+        "A .png has the slides side by side, at most 30, as the sender laid them out; below each stand its\n"
+        "duration, its sounds, and what else goes with it. A .html is one page that needs nothing else: the\n"
+        "header, the slides, which it plays, and all parts, which can be saved from it. Arrow keys and\n"
+        "buttons step through the slides, the space bar stops and goes on.\n"
         "A message without a presentation is shown part by part.\n",
         {
             outputOption("The file to write; its ending tells the kind, and \"-\" is a picture."),
             forceOption(),
-            {"scale", "Pixels of the picture for a pixel of the phone, 1 to 4 (usually 2).", "NUMBER"},
+            {"slides", "Only these slides, such as 31-60.", "FROM-TO"},
+            {"scale", "Pixels of the picture for a pixel of the layout, 1 to 4 (usually 2).", "NUMBER"},
             phoneOption(),
         },
         {"FILE"},

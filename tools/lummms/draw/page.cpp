@@ -1,13 +1,14 @@
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
 #include "tools/lummms/draw/draw.h"
-#include "tools/lummms/draw/page_template.h"
+#include "tools/lummms/draw/page_contents.h"
+#include "tools/lummms/draw/page_header.h"
 #include "tools/lummms/draw/slide_view.h"
 #include "tools/lummms/message.h"
-#include "tools/lummms/terminal.h"
+#include "tools/lummms/words.h"
 
-#include <QBuffer>
 #include <QCryptographicHash>
+#include <QFile>
 #include <QHash>
 #include <QRegularExpression>
 
@@ -15,149 +16,149 @@
 
 namespace {
 
-constexpr int MAX_SLIDES_PLAYED = 500; // each repeats its text, and all may share a long one
+constexpr int MOST_SLIDES = 500; // more than anybody looks at; each takes room in the page
+constexpr int MOST_LINES_ASIDE = 2;
+constexpr double ASIDE_LINE = 5.25; // rem; a name and the controls of a sound
 
-/// What a page says in a Content-Security-Policy to allow exactly this style or script.
-QString allowed(const char* text) {
-    const QByteArray hash = QCryptographicHash::hash(text, QCryptographicHash::Sha256).toBase64();
+QString resource(const char* name) {
+    QFile file(QStringLiteral(":/lummms/page/") + QLatin1String(name));
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+/// What a Content-Security-Policy says to allow exactly this style or script.
+QString allowed(const QString& text) {
+    const QByteArray hash = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toBase64();
     return QStringLiteral("'sha256-%1'").arg(QString::fromLatin1(hash));
 }
 
-/// The octets of a picture for an `img`; those of a format that browsers lack as PNG. Empty when it
-/// cannot be decoded.
-QString pictureUrl(const MMS_COMP_SMILMultipartBodypart& part) {
-    QByteArray format;
-    const QImage picture = pictureOf(part, &format);
-    if (picture.isNull())
-        return QString();
-    QByteArray octets = part.getBodyData();
-    if (format == "wbmp") {
-        QBuffer buffer(&octets);
-        buffer.open(QIODevice::WriteOnly);
-        picture.save(&buffer, "PNG");
-        format = "png";
+/// The pattern with a value in place of each {{name}}. What values hold is not looked at.
+QString filled(const QString& pattern, const QHash<QString, QString>& values) {
+    static const QRegularExpression mark("\\{\\{([a-z-]+)\\}\\}");
+    QString text;
+    qsizetype done = 0;
+    for (const QRegularExpressionMatch& match : mark.globalMatch(pattern)) {
+        text += QStringView(pattern).sliced(done, match.capturedStart() - done);
+        text += values.value(match.captured(1));
+        done = match.capturedEnd();
     }
-    return QStringLiteral("data:image/%1;base64,%2")
-        .arg(QString::fromLatin1(format), QString::fromLatin1(octets.toBase64()));
+    return text.append(QStringView(pattern).sliced(done));
 }
 
-QString soundUrl(const MMS_COMP_SMILMultipartBodypart& part) {
-    static const QRegularExpression playable("^(audio|video)/[a-z0-9.+-]+$");
-    const QString type = part.getMimeFormat().toLower();
-    const QByteArray octets = part.getBodyData();
-    return QStringLiteral("data:%1;base64,%2")
-        .arg(playable.match(type).hasMatch() ? type : QStringLiteral("application/octet-stream"),
-             QString::fromLatin1(octets.toBase64()));
-}
-
-/// Writes the page. A part's octets stand in it once, however many slides show it: elements name them
-/// by number, and the page's script fetches them.
-class PageWriter {
+/// Writes the slides, and the style that is this message's own: the sizes of screen and regions.
+class SlidesWriter {
 public:
-    QString slides(const Message& message, int& leftOut);
-    QString contents() const { return contents_; }
+    SlidesWriter(const Message& message, PageContents& contents) : views_(message), contents_(contents) {}
+
+    QString slides(SlideRange range);
+    int count() const { return views_.count(); }
+    QString style() const;
 
 private:
-    int contentNumber(const MMS_COMP_SMILMultipartBodypart& part, bool isPicture);
+    QString slide(const SlideView& view, int number, const QString& label);
     QString object(const ObjectView& view);
-    QString slide(const SlideView& view, int number);
+    QString boxClass(const QRectF& box);
 
-    QHash<const MMS_COMP_SMILMultipartBodypart*, int> numbers_[2]; // for sounds, for pictures; -1 unusable
-    int count_ = 0;
-    QString contents_;
+    const SlideViews views_;
+    PageContents& contents_;
+    QHash<QString, int> boxes_; // the styles of regions, and their numbers
+    qsizetype linesAside_ = 0;
 };
 
-int PageWriter::contentNumber(const MMS_COMP_SMILMultipartBodypart& part, bool isPicture) {
-    auto& numbers = numbers_[isPicture];
-    if (const auto known = numbers.constFind(&part); known != numbers.constEnd())
-        return *known;
-    const QString url = isPicture ? pictureUrl(part) : soundUrl(part);
-    const int number = url.isEmpty() ? -1 : count_++;
-    numbers.insert(&part, number);
-    if (number >= 0)
-        contents_ += QStringLiteral("<data id=\"content%1\" value=\"%2\"></data>\n").arg(number).arg(url);
-    return number;
+QString SlidesWriter::boxClass(const QRectF& box) {
+    const QSizeF screen = views_.screen().size();
+    const QString style = QStringLiteral("left:%1%;top:%2%;width:%3%;height:%4%")
+                              .arg(box.left() / screen.width() * 100)
+                              .arg(box.top() / screen.height() * 100)
+                              .arg(box.width() / screen.width() * 100)
+                              .arg(box.height() / screen.height() * 100);
+    const auto known = boxes_.constFind(style);
+    const int number = known != boxes_.constEnd() ? *known : *boxes_.insert(style, int(boxes_.size()));
+    return QStringLiteral("box%1").arg(number);
 }
 
-QString gap(const QString& name, const char* words) {
-    return QStringLiteral("<div class=\"gap\"><b>%1</b><br>%2</div>")
-        .arg(name.toHtmlEscaped(), QLatin1String(words));
+QString SlidesWriter::style() const {
+    const Screen& screen = views_.screen();
+    QString style = QStringLiteral(":root{--screen-width:%1;--screen-height:%2;--letters:%3;--aside:%4rem}\n")
+                        .arg(screen.size().width())
+                        .arg(screen.size().height())
+                        .arg(screen.fontPixels())
+                        .arg(double(std::min<qsizetype>(linesAside_, MOST_LINES_ASIDE)) * ASIDE_LINE);
+    for (auto box = boxes_.constBegin(); box != boxes_.constEnd(); ++box)
+        style += QStringLiteral(".box%1{%2}\n").arg(*box).arg(box.key());
+    return style;
 }
 
-QString PageWriter::object(const ObjectView& view) {
-    const QString name = view.name.toHtmlEscaped();
-    if (view.kind == VIEW_OTHER)
-        return QString();
-    if (!view.part)
-        return view.kind == VIEW_SOUND ? QString() : gap(view.name, "missing");
-    if (view.kind == VIEW_TEXT)
-        return QStringLiteral("<p class=\"words\">%1</p>").arg(view.words.toHtmlEscaped());
-    const int number = contentNumber(*view.part, view.kind == VIEW_PICTURE);
-    if (view.kind == VIEW_SOUND)
-        return QStringLiteral("<audio data-content=\"%1\"></audio>").arg(number);
-    if (view.kind == VIEW_VIDEO)
-        return gap(view.name, "video") +
-               QStringLiteral("<video controls data-content=\"%1\"></video>").arg(number);
-    if (number < 0)
-        return gap(view.name, "no picture");
-    const QLatin1String fit = fitWord(view.fit);
-    return QStringLiteral("<img class=\"%1\" data-content=\"%2\" alt=\"%3\">")
-        .arg(fit.isEmpty() ? fitWord(MMS_COMP_SMIL_FIT_HIDDEN) : fit)
-        .arg(number)
-        .arg(name);
+QString SlidesWriter::object(const ObjectView& view) {
+    static const QHash<VIEW_KIND, QString> kinds = {{VIEW_TEXT, QStringLiteral("text")},
+                                                    {VIEW_PICTURE, QStringLiteral("picture")},
+                                                    {VIEW_VIDEO, QStringLiteral("video")},
+                                                    {VIEW_SOUND, QStringLiteral("sound")},
+                                                    {VIEW_OTHER, QStringLiteral("other")}};
+    QString data = QStringLiteral("data-content=\"%1\" data-kind=\"%2\"")
+                       .arg(contents_.idOf(view), kinds.value(view.kind));
+    if (!view.alt.isEmpty())
+        data += QStringLiteral(" data-alt=\"%1\"").arg(view.alt.toHtmlEscaped());
+    if (standsAside(view))
+        return QStringLiteral("<li %1></li>").arg(data);
+    return QStringLiteral("<div class=\"object %1 %2\" %3></div>\n")
+        .arg(fitWord(view.place.fit), boxClass(view.place.box), data);
 }
 
-QString PageWriter::slide(const SlideView& view, int number) {
-    QString regions[2];
-    QString under;
+QString SlidesWriter::slide(const SlideView& view, int number, const QString& label) {
+    QString screen, aside;
+    qsizetype linesAside = 0;
     for (const ObjectView& each : view.objects) {
-        if (each.kind == VIEW_SOUND || each.kind == VIEW_OTHER)
-            under += QStringLiteral("<li class=\"%1\">%2%3</li>")
-                         .arg(QLatin1String(each.kind == VIEW_SOUND ? "sound" : "other"), object(each),
-                              each.name.toHtmlEscaped());
-        else
-            regions[each.region] += object(each);
+        (standsAside(each) ? aside : screen) += object(each);
+        linesAside += standsAside(each);
     }
-    QString text = QStringLiteral("<section class=\"slide\" data-duration=\"%1\" data-page=\"%2\" "
-                                  "data-text=\"%3\" aria-label=\"Slide %4\">\n<div class=\"screen\">\n")
-                       .arg(view.duration)
-                       .arg(view.page.name(), view.text.name())
-                       .arg(number);
-    for (const QString& region : regions)
-        text += QStringLiteral("<div class=\"region\">") + region + QStringLiteral("</div>\n");
-    return text + QStringLiteral("</div>\n<p class=\"legend\">%1: %2</p><ul>%3</ul>\n</section>\n")
-                      .arg(number)
-                      .arg(durationLabel(view.duration), under);
+    if (isOnlyHeard(view))
+        screen = QStringLiteral("<div class=\"heard\" aria-hidden=\"true\">\u266A</div>\n");
+    linesAside_ = std::max(linesAside_, linesAside);
+    if (!aside.isEmpty())
+        aside = QStringLiteral("<ul class=\"aside\">%1</ul>\n").arg(aside);
+    return QStringLiteral("<section class=\"slide\" aria-label=\"Slide %1\" data-duration=\"%2\" "
+                          "data-label=\"%3\" data-page=\"%4\" data-text=\"%5\" hidden>\n"
+                          "<div class=\"screen\">\n")
+               .arg(number)
+               .arg(view.duration)
+               .arg(label, view.page.name(), view.text.name()) +
+           screen + QStringLiteral("</div>\n") + aside + QStringLiteral("</section>\n");
 }
 
-QString PageWriter::slides(const Message& message, int& leftOut) {
-    const int slides = message.presentation->getTotalSlidesNum();
-    const int written = std::min(slides, MAX_SLIDES_PLAYED);
-    leftOut = slides - written;
+QString SlidesWriter::slides(SlideRange range) {
     QString text;
-    for (int i = 0; i < written; ++i)
-        text += slide(slideView(message, i), i + 1);
+    for (int i = range.from; i <= range.to; ++i) {
+        const SlideView view = views_.at(i - 1);
+        text += slide(view, i, durationLabel(view.duration));
+    }
     return text;
 }
 
 } // namespace
 
-QByteArray slidesAsPage(const Message& message, int& leftOut) {
-    PageWriter writer;
-    const QString slides = writer.slides(message, leftOut);
-    const QString subject = printable(message.header.getSubject());
-    const QString title = (subject.isEmpty() ? QStringLiteral("Message") : subject).toHtmlEscaped();
-    const QString page =
-        QLatin1String("<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
-                      "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
-                      "img-src data:; media-src data:; style-src ") +
-        allowed(PAGE_STYLE) + QLatin1String("; script-src ") + allowed(PAGE_SCRIPT) +
-        QLatin1String("; base-uri 'none'; form-action 'none'\">\n"
-                      "<meta name=\"viewport\" content=\"width=device-width\">\n<title>") +
-        title + QLatin1String("</title>\n<style>") + QLatin1String(PAGE_STYLE) +
-        QLatin1String("</style>\n</head>\n<body>\n<h1>") + title + QLatin1String("</h1>\n") +
-        QLatin1String(PAGE_CONTROLS) + QLatin1String("<main>\n") + slides +
-        QLatin1String("</main>\n<div hidden>\n") + writer.contents() + QLatin1String("</div>\n<script>") +
-        QLatin1String(PAGE_SCRIPT) + QLatin1String("</script>\n</body>\n</html>\n");
-    return page.toUtf8();
+Drawing slidesAsPage(Message& message, SlideRange range) {
+    Q_INIT_RESOURCE(page);
+    Drawing drawing;
+    PageContents contents;
+    SlidesWriter writer(message, contents);
+    const QString slides = writer.slides(slidesWithin(range, writer.count(), MOST_SLIDES, drawing.notes));
+    const QString parts = contents.listOf(message);
+    const QString style = resource("page.css") + writer.style();
+    const QString script = resource("page.js");
+    const QString policy = QStringLiteral("default-src 'none'; img-src blob:; media-src blob:; style-src %1; "
+                                          "script-src %2; base-uri 'none'; form-action 'none'")
+                               .arg(allowed(style), allowed(script));
+    drawing.octets = filled(resource("page.html"), {{"policy", policy},
+                                                    {"title", pageTitle(message)},
+                                                    {"style", style},
+                                                    {"fields", pageFields(message)},
+                                                    {"count", counted(writer.count(), "slide")},
+                                                    {"slides", slides},
+                                                    {"parts-title", counted(contents.listed(), "part")},
+                                                    {"parts", parts},
+                                                    {"contents", contents.written()},
+                                                    {"script", script}})
+                         .toUtf8();
+    drawing.notes += notesOnPictures(contents.picturesLeftOut());
+    return drawing;
 }

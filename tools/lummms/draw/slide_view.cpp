@@ -3,51 +3,22 @@
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
 #include "smil/parser/smil_parser.h"
-#include "tools/lummms/draw/wbmp.h"
 #include "tools/lummms/message.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 
-#include <QBuffer>
-#include <QImageReader>
-
 #include <algorithm>
-#include <fcntl.h>
 #include <memory>
-#include <unistd.h>
 
 namespace {
 
-constexpr int PICTURE_MEGABYTES = 64;     // a small file may announce a huge picture
-constexpr qsizetype MOST_SCANS = 50;      // of a JPEG; each walks the whole picture, and none needs so many
-constexpr qsizetype WORDS_OCTETS = 20000; // of a text; far more than anybody reads on a slide
+constexpr int MOST_OBJECTS = 20; // of a slide; a phone shows three at a time
 
-/// Formats of pictures that phones send. Others, whatever plug-ins can read, are left alone.
-constexpr const char* PICTURE_FORMATS[] = {"png", "jpeg", "gif", "bmp", "webp"};
-
-/// Nothing is written to the standard error as long as one exists: libraries that decode pictures tell
-/// there what they find broken, past every handler.
-class SilentErrors {
-public:
-    SilentErrors() : nowhere_(open("/dev/null", O_WRONLY | O_CLOEXEC)) {
-        if (nowhere_ >= 0 && saved_ >= 0)
-            dup2(nowhere_, STDERR_FILENO);
-    }
-    SilentErrors(const SilentErrors&) = delete;
-    SilentErrors& operator=(const SilentErrors&) = delete;
-    ~SilentErrors() {
-        if (saved_ >= 0)
-            dup2(saved_, STDERR_FILENO);
-        close(saved_);
-        close(nowhere_);
-    }
-
-private:
-    const int saved_ = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
-    const int nowhere_;
-};
-
-VIEW_KIND kindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) {
+/// A part's own type tells what a `ref` refers to.
+VIEW_KIND kindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element, const MMS_COMP_SMILMultipartBodypart* part) {
+    const auto type = element == MMS_COMP_SMIL_MEDIA_REF && part
+                          ? MMS_COMP_SMILParser::getTypeEnum(part->getContentType().toLower())
+                          : element;
     switch (type) {
     case MMS_COMP_SMIL_MEDIA_TEXT:
         return VIEW_TEXT;
@@ -66,54 +37,55 @@ bool isGiven(const MMS_COMP_COLOR& color) {
     return color.kind == MMS_COMP_COLOR_NAMED || color.kind == MMS_COMP_COLOR_NUMERIC;
 }
 
-QString wordsOf(const MMS_COMP_SMILMultipartBodypart& part) {
-    const QArray<char>& octets = part.getBodyData();
-    QString words = QString::fromUtf8(octets.data(), std::min(octets.size(), WORDS_OCTETS));
-    while (words.endsWith(QChar::Null))
-        words.chop(1);
-    for (qsizetype i = 0; i < words.size(); ++i)
-        if (isUnprintable(words, i) && words.at(i) != u'\n')
-            words[i] = words.at(i).isSurrogate() ? QChar(QChar::ReplacementCharacter) : QChar(u' ');
-    return words;
-}
-
-ObjectView objectView(const Message& message, const MMS_COMP_SMILMediaObject& object) {
-    const MMS_COMP_SMILData& presentation = *message.presentation;
-    ObjectView view;
-    view.kind = kindOf(object.getMediaElementType());
-    view.part = message.isMissing(object.getData()) ? nullptr : object.getData();
-    const QString location = view.part ? view.part->getContentLocation() : QString();
-    view.name = printableStart(location.isEmpty() ? object.getSrc() : location);
-    if (view.kind == VIEW_TEXT && view.part)
-        view.words = wordsOf(*view.part);
-    const QString id = object.getRegionId().trimmed();
-    const bool standsInText = id == MMS_COMP_SMILData::getTextRegionId() ||
-                              (view.kind == VIEW_TEXT && id != MMS_COMP_SMILData::getImgRegionId());
-    view.region = standsInText ? REGION_TEXT : REGION_IMAGE;
-    view.fit = MMS_COMP_SMIL_FIT_HIDDEN;
-    constexpr unsigned int lookedAt = 50; // regions; a presentation has two
-    for (unsigned int i = 0; i < lookedAt; ++i)
-        if (const MMS_COMP_SMILRegion* region = presentation.getRegion(i); region && region->getId() == id)
-            view.fit = region->getFit();
-    return view;
+bool isSteering(QChar unit) {
+    return unit.category() == QChar::Other_Control && unit != u'\n' && unit != u'\r' && unit != u'\t';
 }
 
 } // namespace
 
-SlideView slideView(const Message& message, int index) {
-    const MMS_COMP_SMILTimingContainer& slide = *message.presentation->getSlide(index);
-    const MMS_COMP_SMILRootLayout* screen = message.presentation->getRootLayout();
+bool standsAside(const ObjectView& object) {
+    return object.kind == VIEW_SOUND || object.kind == VIEW_OTHER;
+}
+
+bool isOnlyHeard(const SlideView& slide) {
+    return !slide.objects.isEmpty() &&
+           std::all_of(slide.objects.begin(), slide.objects.end(),
+                       [](const ObjectView& object) { return object.kind == VIEW_SOUND; });
+}
+
+int SlideViews::count() const {
+    return message_.presentation->getTotalSlidesNum();
+}
+
+ObjectView SlideViews::objectView(const MMS_COMP_SMILMediaObject& object) const {
+    ObjectView view;
+    view.part = message_.isMissing(object.getData()) ? nullptr : object.getData();
+    view.kind = kindOf(object.getMediaElementType(), view.part);
+    const QString location = view.part ? view.part->getContentLocation() : QString();
+    view.name = printableStart(location.isEmpty() ? object.getSrc() : location);
+    view.alt = object.getAlt() == object.getSrc() ? QString() : printableStart(object.getAlt());
+    view.place = screen_.place(object.getRegionId().trimmed(), view.kind == VIEW_TEXT);
+    return view;
+}
+
+SlideView SlideViews::at(int index) const {
+    const MMS_COMP_SMILTimingContainer& slide = *message_.presentation->getSlide(index);
+    const MMS_COMP_SMILRootLayout* root = message_.presentation->getRootLayout();
     SlideView view{slide.getDur(), Qt::white, Qt::black, {}};
     if (isGiven(slide.getPageColor()))
         view.page = slide.getPageColor().color;
-    else if (screen && isGiven(*screen->getBackgroundColor()))
-        view.page = screen->getBackgroundColor()->color;
+    else if (root && isGiven(*root->getBackgroundColor()))
+        view.page = root->getBackgroundColor()->color;
     if (isGiven(slide.getTextColor()))
         view.text = slide.getTextColor().color;
     else if (qGray(view.page.rgb()) < 100) // a text that can be read on a dark page
         view.text = Qt::white;
-    for (const MMS_COMP_SMILMediaObject* object : slide)
-        view.objects += objectView(message, *object);
+    const int count = std::min(slide.getMediaObjectCount(), MOST_OBJECTS);
+    for (int i = 0; i < count; ++i)
+        view.objects += objectView(*slide.getMediaObject(i));
+    if (message_.reading() == READING_PHONE) // its texts stand above all else in their region
+        std::stable_partition(view.objects.begin(), view.objects.end(),
+                              [](const ObjectView& object) { return object.kind != VIEW_TEXT; });
     return view;
 }
 
@@ -138,25 +110,13 @@ void makeSlidesOfParts(Message& message) {
     }
 }
 
-QImage pictureOf(const MMS_COMP_SMILMultipartBodypart& part, QByteArray* format) {
-    QByteArray octets = part.getBodyData();
-    if (part.getSubType().endsWith(QLatin1String("wbmp"), Qt::CaseInsensitive)) { // the octets do not tell
-        if (format)
-            *format = "wbmp";
-        return wbmpPicture(octets);
-    }
-    QImageReader::setAllocationLimit(PICTURE_MEGABYTES);
-    QBuffer buffer(&octets);
-    QImageReader reader(&buffer);
-    const QByteArray found = reader.format(); // by content; a name does not count
-    const bool isKnown = std::any_of(std::begin(PICTURE_FORMATS), std::end(PICTURE_FORMATS),
-                                     [&found](const char* known) { return found == known; });
-    if (format)
-        *format = found;
-    if (!isKnown || (found == "jpeg" && octets.count("\xFF\xDA") > MOST_SCANS))
-        return QImage();
-    const SilentErrors silent;
-    return reader.read();
+QString wordsOf(const MMS_COMP_SMILMultipartBodypart& part) {
+    const QArray<char>& octets = part.getBodyData();
+    QString words = QString::fromUtf8(octets.data(), octets.size());
+    while (words.endsWith(QChar::Null))
+        words.chop(1);
+    std::replace_if(words.begin(), words.end(), isSteering, u' ');
+    return words;
 }
 
 QString durationLabel(int milliseconds) {

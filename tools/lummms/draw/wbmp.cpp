@@ -21,22 +21,39 @@ std::optional<int> takeNumber(QByteArrayView& octets) {
     return std::nullopt;
 }
 
-} // namespace
+qsizetype octetsOfRow(int width) {
+    return (width + 7) / 8;
+}
 
-QImage wbmpPicture(QByteArrayView octets) {
+/// Takes the header from the front; an empty size when the rows behind it are not all there.
+QSize takeHeader(QByteArrayView& octets) {
     if (octets.size() < 2 || octets[0] != 0 || octets[1] != 0) // type 0, no further headers
-        return QImage();
+        return QSize();
     octets = octets.sliced(2);
     const std::optional<int> width = takeNumber(octets);
     const std::optional<int> height = takeNumber(octets);
-    if (!width || !height || *width < 1 || *height < 1 || *width > LARGEST_SIDE || *height > LARGEST_SIDE)
+    if (!width || !height || *width < 1 || *height < 1 || *width > LARGEST_SIDE || *height > LARGEST_SIDE ||
+        octets.size() < octetsOfRow(*width) * *height)
+        return QSize();
+    return QSize(*width, *height);
+}
+
+} // namespace
+
+QSize wbmpSize(QByteArrayView octets) {
+    return takeHeader(octets);
+}
+
+QImage wbmpPicture(QByteArrayView octets) {
+    const QSize size = takeHeader(octets);
+    if (size.isEmpty())
         return QImage();
-    const qsizetype row = (*width + 7) / 8;
-    if (octets.size() < row * *height)
+    const qsizetype row = octetsOfRow(size.width());
+    QImage picture(size, QImage::Format_Mono);
+    if (picture.isNull())
         return QImage();
-    QImage picture(*width, *height, QImage::Format_Mono);
     picture.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
-    for (int y = 0; y < *height; ++y)
+    for (int y = 0; y < size.height(); ++y)
         std::copy_n(octets.data() + y * row, row, reinterpret_cast<char*>(picture.scanLine(y)));
     return picture;
 }

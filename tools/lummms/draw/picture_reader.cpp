@@ -1,0 +1,172 @@
+#include "tools/lummms/draw/picture_reader.h"
+
+#include "multipart/body_part.h"
+#include "tools/lummms/draw/wbmp.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QPixelFormat>
+#include <QtEndian>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <limits>
+#include <unistd.h>
+
+namespace {
+
+constexpr int DECODER_MEGABYTES = 96; // for one picture; all else that is drawn needs room beside it
+constexpr qint64 DECODER_OCTETS = qint64(DECODER_MEGABYTES) << 20;
+constexpr int OCTETS_PER_COEFFICIENTS = 8; // of a pixel, kept until the last scan: four components, two each
+
+/// Formats of pictures that phones send. Others, whatever plug-ins can read, are left alone.
+constexpr const char* PICTURE_FORMATS[] = {"png", "jpeg", "gif", "bmp", "webp"};
+
+constexpr QByteArrayView PNG_SIGNATURE("\x89PNG\r\n\x1a\n", 8);
+constexpr QByteArrayView PNG_CHUNKS[] = {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"};
+constexpr qsizetype PNG_CHUNK_FRAME = 12;     // length, type and checksum
+constexpr qsizetype PNG_INTERLACE_PLACE = 28; // in the header chunk, which is the first
+
+/// Nothing is written to the standard error as long as one exists: libraries that decode pictures tell
+/// there what they find broken, past every handler.
+class SilentErrors {
+public:
+    SilentErrors() : nowhere_(open("/dev/null", O_WRONLY | O_CLOEXEC)) {
+        if (nowhere_ >= 0 && saved_ >= 0)
+            dup2(nowhere_, STDERR_FILENO);
+    }
+    SilentErrors(const SilentErrors&) = delete;
+    SilentErrors& operator=(const SilentErrors&) = delete;
+    ~SilentErrors() {
+        if (saved_ >= 0)
+            dup2(saved_, STDERR_FILENO);
+        close(saved_);
+        close(nowhere_);
+    }
+
+private:
+    const int saved_ = fcntl(STDERR_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1);
+    const int nowhere_;
+};
+
+/// The octets themselves do not tell a WBMP.
+bool isWbmp(const MMS_COMP_SMILMultipartBodypart& part) {
+    return part.getSubType().endsWith(QLatin1String("wbmp"), Qt::CaseInsensitive);
+}
+
+QByteArray octetsToDecode(const MMS_COMP_SMILMultipartBodypart& part) {
+    return withoutAncillaryChunks(QByteArray(part.getBodyData()));
+}
+
+bool isTransposed(const QImageReader& reader) {
+    return reader.transformation() & QImageIOHandler::TransformationRotate90;
+}
+
+/// How often a decoder walks over the picture. Where the number is not known, what may begin a scan counts:
+/// in the coded pixels of a JPEG 0xFF 0xDA cannot stand for anything else.
+int scansOf(QImageReader& reader, const QByteArray& format, const QByteArray& octets) {
+    const qsizetype count = format == "jpeg" ? octets.count("\xFF\xDA") : reader.imageCount();
+    return int(std::clamp<qsizetype>(count, 1, std::numeric_limits<int>::max()));
+}
+
+/// Whether all colours of a JPEG come in one scan, row by row: any other decoder keeps all coefficients.
+bool isInOneScan(const QByteArray& jpeg) {
+    const auto octet = [&jpeg](qsizetype at) { return at < jpeg.size() ? quint8(jpeg[at]) : quint8(0); };
+    int components = 0;
+    for (qsizetype at = 2; (at = jpeg.indexOf('\xFF', at)) >= 0;) {
+        const quint8 marker = octet(++at);
+        if (marker == 0xFF || marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD7)) // alone, or no marker
+            continue;
+        if (marker == 0xDA)
+            return components && octet(at + 3) == components;
+        if (marker == 0xC0 || marker == 0xC1) // a frame: its size is three numbers ahead
+            components = octet(at + 8);
+        else if (marker >= 0xC2 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC)
+            return false; // another kind of frame
+        at += 1 + octet(at + 1) * 256 + octet(at + 2);
+    }
+    return false;
+}
+
+bool isReadRowByRow(const PictureHeader& header, const QByteArray& octets) {
+    if (header.format == "jpeg")
+        return header.scans == 1 && isInOneScan(octets);
+    return header.format == "png" && octets.size() > PNG_INTERLACE_PLACE && octets[PNG_INTERLACE_PLACE] == 0;
+}
+
+} // namespace
+
+QByteArray withoutAncillaryChunks(const QByteArray& png) {
+    if (!png.startsWith(PNG_SIGNATURE))
+        return png;
+    QByteArray kept = png.first(PNG_SIGNATURE.size());
+    kept.reserve(png.size());
+    qsizetype at = PNG_SIGNATURE.size();
+    while (png.size() - at >= PNG_CHUNK_FRAME) {
+        const qint64 length = qFromBigEndian<quint32>(png.constData() + at);
+        const qsizetype chunk = qsizetype(std::min<qint64>(PNG_CHUNK_FRAME + length, png.size() - at));
+        const QByteArrayView type = QByteArrayView(png).sliced(at + 4, 4);
+        if (std::find(std::begin(PNG_CHUNKS), std::end(PNG_CHUNKS), type) != std::end(PNG_CHUNKS))
+            kept += QByteArrayView(png).sliced(at, chunk);
+        at += chunk;
+    }
+    return kept;
+}
+
+PictureHeader readPictureHeader(const MMS_COMP_SMILMultipartBodypart& part) {
+    PictureHeader header;
+    if (isWbmp(part)) {
+        const QArray<char>& octets = part.getBodyData();
+        header.size = wbmpSize(QByteArrayView(octets.data(), octets.size()));
+        header.format = header.size.isEmpty() ? "" : "wbmp";
+        header.memory = header.pixels() / 8;
+        return header;
+    }
+    QByteArray octets = octetsToDecode(part);
+    QBuffer buffer(&octets);
+    QImageReader reader(&buffer);
+    const QByteArray format = reader.format(); // by content; a name does not count
+    if (std::find(std::begin(PICTURE_FORMATS), std::end(PICTURE_FORMATS), format) ==
+        std::end(PICTURE_FORMATS))
+        return header;
+    const SilentErrors silent;
+    const QSize size = reader.size();
+    if (size.isEmpty())
+        return header;
+    header.format = format;
+    header.size = isTransposed(reader) ? size.transposed() : size;
+    header.scans = scansOf(reader, format, octets);
+    const QImage::Format pixels = reader.imageFormat();
+    const int bits = pixels == QImage::Format_Invalid ? 32 : QImage::toPixelFormat(pixels).bitsPerPixel();
+    header.memory = header.pixels() * bits / 8;
+    const bool rowByRow = isReadRowByRow(header, octets);
+    header.scalable = rowByRow && (format == "jpeg" || bits == 32);
+    if (format == "jpeg" && !rowByRow)
+        header.memory += header.pixels() * OCTETS_PER_COEFFICIENTS;
+    return header;
+}
+
+bool fitsMemory(const PictureHeader& header) {
+    return header.scalable || header.memory <= DECODER_OCTETS;
+}
+
+QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHeader& header, QSize wanted) {
+    if (header.format.isEmpty() || !fitsMemory(header))
+        return QImage();
+    const SilentErrors silent;
+    if (header.format == "wbmp") {
+        const QArray<char>& octets = part.getBodyData();
+        return wbmpPicture(QByteArrayView(octets.data(), octets.size()));
+    }
+    QByteArray octets = octetsToDecode(part);
+    QBuffer buffer(&octets);
+    QImageReader reader(&buffer, header.format);
+    QImageReader::setAllocationLimit(DECODER_MEGABYTES);
+    reader.setAutoTransform(true);
+    QSize scaled = wanted.boundedTo(header.size);
+    while (header.scalable && qint64(scaled.width()) * scaled.height() * 4 > DECODER_OCTETS / 4)
+        scaled = (scaled / 2).expandedTo(QSize(1, 1));
+    if (scaled != header.size && !scaled.isEmpty())
+        reader.setScaledSize(isTransposed(reader) ? scaled.transposed() : scaled);
+    return reader.read();
+}
