@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <string_view>
 #include <sys/time.h>
+#include <utility>
 
 namespace {
 
@@ -110,7 +111,10 @@ int MMS_COMP_Util::getQByteArraySrcByFileName(QArray<char>& data, const QString&
         return FILE_TOO_LARGE;
     if (size < 0)
         return FILE_NO_SIZE;
-    QArray<char> contents(size); // private: others that share the caller's array keep what they have
+    if (!std::in_range<qsizetype>(size))
+        return FILE_NO_MEMORY;
+    QArray<char> contents{
+        qsizetype(size)}; // private: others that share the caller's array keep what they have
     if (contents.isNull() || file.read(contents.data(), size) != size)
         return FILE_NO_MEMORY;
     data = contents;
