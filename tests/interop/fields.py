@@ -1,0 +1,165 @@
+"""The header fields that tshark and lummms both know, in one form: that of `lummms show --json`."""
+
+import datetime
+import re
+
+
+class Difference(Exception):
+    """tshark prints something else than the octets that it read say."""
+
+
+def encoded_text(octets):
+    """The text of a Text-string, or of an Encoded-string-value: its length, its charset, its octets."""
+    if octets[0] < 0x20:
+        length, at = (octets[0], 1) if octets[0] < 31 else uintvar(octets, 1)
+        assert at + length == len(octets), octets
+        if octets[at] & 0x80:
+            charset, at = octets[at] & 0x7F, at + 1
+        else:
+            size = octets[at]
+            charset, at = int.from_bytes(octets[at + 1:at + 1 + size], "big"), at + 1 + size
+    else:
+        charset, at = 106, 0
+    text = octets[at:].removesuffix(b"\0")
+    if text[:1] == b"\x7f":  # a quote, in front of a first character beyond ASCII
+        text = text[1:]
+    return text, {3: "ascii", 4: "latin-1", 106: "utf-8"}[charset]
+
+
+def uintvar(octets, at):
+    value = 0
+    while octets[at] & 0x80:
+        value, at = value << 7 | octets[at] & 0x7F, at + 1
+    return value << 7 | octets[at], at + 1
+
+
+def value(shown, octets):
+    """tshark takes all texts for ASCII: what it prints must be that, and what the octets say is the text."""
+    raw, charset = encoded_text(octets)
+    if shown.removeprefix("\x7f") not in (raw.decode(charset), raw.decode("ascii", "replace")):
+        raise Difference(f"{shown!r} for {raw!r}")
+    return raw.decode(charset)
+
+
+def text(shown, octets):
+    return value(shown, octets[1:])
+
+
+def address(shown, octets):
+    """An address with its type: 0 e-mail, 1 phone number."""
+    whole = text(shown, octets)
+    bare = whole.removesuffix("/TYPE=PLMN")
+    name, bracket, inner = bare.removesuffix(">").partition("<")
+    return {"name": name.strip() if bracket else "", "address": inner if bracket else bare}
+
+
+def sender(shown, octets):
+    """Length, token and address; without an address the network inserts one."""
+    length, at = (octets[1], 2) if octets[1] < 31 else uintvar(octets, 2)
+    assert at + length == len(octets), octets
+    if octets[at] == 0x81:
+        return {"name": "NoBody", "address": ""}
+    return address(shown, octets[at:])
+
+
+def number(shown, _):
+    return int(shown, 0)
+
+
+def yes(shown, _):
+    return {"0x80": True, "0x81": False}[shown]
+
+
+def show(shown, _):
+    return {"0x80": False, "0x81": True}[shown]
+
+
+def seconds(shown, _):
+    return int(shown.partition(".")[0])
+
+
+def moment(shown, _):
+    shown = re.sub(r"\.0+| UTC|Z$", "", shown)
+    form = "%Y-%m-%dT%H:%M:%S" if "T" in shown[:11] else "%b %d, %Y %H:%M:%S"
+    return datetime.datetime.strptime(re.sub(" +", " ", shown), form).isoformat() + "Z"
+
+
+# our name of a field, tshark's, and how to read what it prints
+FIELDS = [
+    ("messageType", "message_type", number),
+    ("transactionId", "transaction_id", text),
+    ("version", "mms_version", lambda shown, _: shown),
+    ("date", "date", moment),
+    ("from", "from", sender),
+    ("to", "to", address),
+    ("cc", "cc", address),
+    ("bcc", "bcc", address),
+    ("subject", "subject", text),
+    ("messageId", "message_id", text),
+    ("messageClass", "message_class.id", number),
+    ("priority", "priority", number),
+    ("status", "status", number),
+    ("responseStatus", "response_status", number),
+    ("responseText", "response_text", text),
+    ("messageSize", "message_size", number),
+    ("contentLocation", "content_location", text),
+    ("deliveryTime", "delivery_time.abs", moment),
+    ("deliveryDelay", "delivery_time.rel", seconds),
+    ("expiryTime", "expiry.abs", moment),
+    ("expiry", "expiry.rel", seconds),
+    ("senderVisibility", "sender_visibility", show),
+    ("deliveryReport", "delivery_report", yes),
+    ("readReply", "read_report", yes),
+    ("reportAllowed", "report_allowed", yes),
+]
+LISTS = ("to", "cc", "bcc")
+
+
+def of_tshark(message):
+    """The fields that tshark printed, in our form."""
+    fields = {}
+    for name, known, reader in FIELDS:
+        shown, raw = message.get("mmse." + known), message.get(f"mmse.{known}_raw")
+        if shown is None:
+            continue
+        if not isinstance(shown, list):
+            shown, raw = [shown], [raw]
+        values = [reader(each, bytes.fromhex(octets[0])) for each, octets in zip(shown, raw, strict=True)]
+        fields[name] = values if name in LISTS else values[0]
+    return fields
+
+
+def of_lummms(shown):
+    """The same fields of what `lummms show --json` printed."""
+    def bare(entry):
+        return {"name": entry["name"], "address": entry["address"]}
+
+    header = {name: value for name, value in {**shown, **shown["header"]}.items()
+              if name in (row[0] for row in FIELDS)}
+    for name in LISTS:
+        if name in header:
+            header[name] = [bare(entry) for entry in header[name]]
+    if "from" in header:
+        header["from"] = bare(header["from"])
+    return header
+
+
+def parts(message):
+    """What tshark read of the parts: type, names and all octets."""
+    body = message["wsp.post.data"]["Multipart body"]
+    tree, raw = body["wsp.multipart_tree"], body["wsp.multipart_raw"]
+    if not isinstance(tree, list):
+        tree, raw = [tree], [raw]
+    return [part(each, bytes.fromhex(octets[0])) for each, octets in zip(tree, raw, strict=True)]
+
+
+def part(tree, octets):
+    parameters, headers = tree.get("wsp.header.content_type_tree", {}), tree.get("wsp.headers", {})
+    name, place = "wsp.parameter.name", "wsp.header.content_location"
+    return {
+        "octets": octets,
+        "contentType": tree["wsp.header.content_type"],
+        "name": value(parameters[name], bytes.fromhex(parameters[name + "_raw"][0])) if name in parameters else None,
+        "contentLocation": text(headers[place], bytes.fromhex(headers[place + "_raw"][0])) if place in headers else None,
+        "contentId": headers.get("wsp.header.content_id"),
+    }
