@@ -39,5 +39,6 @@ constexpr int presenceSlot(int code) {
 
 /// The presence bit of a field (see MMS_UA_UAMsg::present).
 constexpr unsigned int presenceBit(int code) {
+    static_assert(sizeof(unsigned int) == 4, "the presence word has a bit for each code");
     return 1u << (presenceSlot(code) - 1);
 }

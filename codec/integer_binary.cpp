@@ -5,6 +5,8 @@
 
 namespace {
 
+static_assert(sizeof(int) == 4, "numbers are read into 32 bits, whatever more the sender gave is lost");
+
 constexpr int lengthQuote = 31;
 
 unsigned char octet(int value) {

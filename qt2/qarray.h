@@ -229,6 +229,7 @@ private:
 /// there were.
 inline qsizetype readRawOctets(QDataStream& stream, char* octets, qsizetype count) {
     constexpr qsizetype piece = 1 << 30;
+    static_assert(std::in_range<int>(piece), "a stream takes an int");
     qsizetype done = 0;
     while (done < count) {
         const int wanted = static_cast<int>(std::min(count - done, piece));
@@ -246,6 +247,7 @@ inline qsizetype readRawOctets(QDataStream& stream, char* octets, qsizetype coun
 template <typename T>
 QDataStream& operator<<(QDataStream& stream, const QArray<T>& array) {
     constexpr qsizetype piece = (1 << 30) / qsizetype(sizeof(T)) + 1;
+    static_assert(std::in_range<int>(piece * qsizetype(sizeof(T))), "a stream takes an int");
     if (!std::in_range<quint32>(array.size())) {
         stream.setStatus(QDataStream::WriteFailed);
         return stream;

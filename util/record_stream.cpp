@@ -7,6 +7,8 @@
 namespace {
 
 constexpr int RECORD_FORMAT = QDataStream::Qt_2_1; // what the phones have stored since their first edition
+static_assert(sizeof(QChar) == 2, "a text is stored as units of two octets");
+
 constexpr quint32 NULL_TEXT = 0xFFFFFFFF;
 constexpr qsizetype FIRST_STEP = 32 * 1024; // units; a count is believed only as far as octets follow it
 

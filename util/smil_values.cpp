@@ -7,11 +7,14 @@
 #include <QStringView>
 
 #include <algorithm>
+#include <cfloat>
 #include <cmath>
 #include <limits>
 #include <optional>
 
 namespace {
+
+static_assert(FLT_EVAL_METHOD == 0, "times are calculated in single precision");
 
 constexpr int DURATION_NOT_GIVEN = -1;
 constexpr int DURATION_INDEFINITE = -2;

@@ -1,7 +1,11 @@
 #include "smil/model/presentation.h"
 #include "smil/parser/smil_parser.h"
 
+#include <cfloat>
+
 namespace {
+
+static_assert(FLT_EVAL_METHOD == 0, "regions are compared in single precision");
 
 constexpr int SCREEN_WIDTH = 120;
 constexpr int SCREEN_HEIGHT = 160;
