@@ -64,6 +64,8 @@ if(LUM_BUILD_TOOLS)
     file(RELATIVE_PATH libraries_from_bin /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
     set_target_properties(lummms PROPERTIES INSTALL_RPATH "$ORIGIN/${libraries_from_bin}")
     install(TARGETS lummms DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT tools)
+    install(FILES tools/lummms/completion.bash RENAME lummms
+            DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tools)
     add_custom_command(OUTPUT lummms.1.gz DEPENDS docs/lummms.1 VERBATIM
                        COMMAND gzip -9nc ${CMAKE_CURRENT_SOURCE_DIR}/docs/lummms.1 > lummms.1.gz)
     add_custom_target(lummms_manual ALL DEPENDS lummms.1.gz)

@@ -20,6 +20,7 @@ endforeach()
 
 add_test(NAME readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/readme)
 if(LUM_BUILD_TOOLS)
+    add_test(NAME completion COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/completion $<TARGET_FILE:lummms>)
     add_test(NAME man_page COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/man_page $<TARGET_FILE:lummms>
              ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms)
 endif()
