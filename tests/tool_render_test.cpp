@@ -25,7 +25,7 @@ QByteArray halves(int width, int height) {
 QByteArray scans(int count) {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(Qt::red);
-    return file(image, "JPEG") + QByteArray("\xFF\xDA").repeated(count - 1);
+    return file(image, "JPEG") + octets("FF DA 00 02").repeated(count - 1);
 }
 
 class RenderTest : public ToolTest {

@@ -16,5 +16,10 @@ struct MediaType {
 /// `unwanted` characters.
 QString cleanName(const QString& name, QStringView unwanted);
 
-/// The media type of a file, by its name and its octets.
+/// The media type of a file: by its octets where its first ones tell what it is, as those of most pictures
+/// do, whatever it is called; otherwise by its name and its octets.
 MediaType mediaTypeOf(const QString& fileName, const QArray<char>& octets);
+
+/// The file name with the usual extension of the type in place of one of another type, or of none, if the
+/// type is one that octets tell.
+QString nameWithExtension(const QString& fileName, const MediaType& type);

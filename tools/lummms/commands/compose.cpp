@@ -3,6 +3,7 @@
 #include "tools/lummms/command.h"
 #include "tools/lummms/compose/assembly.h"
 #include "tools/lummms/compose/draft.h"
+#include "tools/lummms/compose/fitting.h"
 #include "tools/lummms/compose/header_options.h"
 #include "tools/lummms/terminal.h"
 
@@ -29,12 +30,32 @@ bool checkContent(const MessageKind& kind, const CommandLine& line) {
     return true;
 }
 
+/// Encodes a message, whose pictures are made smaller until it fits.
+bool encodeFitting(const CommandLine& line, bool hasBody, qint64 limit, MMS_UA_UAMsg& header, Draft& draft,
+                   QByteArray& pdu) {
+    const QString path = line.options.value("output");
+    for (;;) {
+        qint64 octets = draft.size();
+        if (octets <= limit) {
+            QString cause;
+            if (!encodeMessage(header, hasBody ? &draft : nullptr, pdu, cause))
+                return refuse(path, cause);
+            octets = pdu.size();
+        }
+        if (octets <= limit)
+            return true;
+        if (line.options.isSet("keep-pictures") || !makeSmaller(draft, octets - limit)) {
+            complainOfSize(path, octets, limit, whyNotSmaller(draft));
+            return false;
+        }
+    }
+}
+
 bool composeMessage(const CommandLine& line) {
     qint64 limit = 0;
     Draft draft;
     MMS_UA_UAMsg header;
     QByteArray pdu;
-    QString cause;
     const QString path = line.options.value("output");
     const QString word = line.options.value("kind");
     const MessageKind* kind = findKind(word);
@@ -42,18 +63,12 @@ bool composeMessage(const CommandLine& line) {
         return refuse("-o", QStringLiteral("the file to write is missing"));
     if (!kind)
         return refuse("--kind", QStringLiteral("'%1' is none of %2").arg(word, kindWords()));
-    if (!setHeader(*kind, line.options, header) || !checkContent(*kind, line) || !readSizeLimit(limit) ||
-        !readDraft(line, limit, draft))
-        return false;
     const bool hasBody = carries(*kind, FIELD_CONTENT_TYPE);
-    if (!(hasBody ? encodeMessage(draft, header, pdu, cause) : encodeMessage(header, pdu, cause)))
-        return refuse(path, cause);
-    if (pdu.size() > limit) {
-        complainOfSize(path, pdu.size(), limit);
+    if (!setHeader(*kind, line.options, header) || !checkContent(*kind, line) || !readSizeLimit(limit) ||
+        !readDraft(line, limit, draft) || !encodeFitting(line, hasBody, limit, header, draft, pdu) ||
+        !writeOutput(line, pdu))
         return false;
-    }
-    if (!writeOutput(line, pdu))
-        return false;
+    tellChanges(draft);
     if (hasBody && draft.isEmpty())
         complain(path, QStringLiteral("the message is its subject alone"));
     return true;
@@ -72,6 +87,7 @@ QList<QCommandLineOption> allOptions() {
     const QList<QCommandLineOption> last{
         {"slide", "One slide; may be given again.", "DURATION ITEM ..."},
         {"attach", "A file beside the slides; may be given again.", "FILE"},
+        {"keep-pictures", "Refuses a message that is too large, and makes no picture smaller."},
     };
     return first + headerOptions() + last;
 }
@@ -94,8 +110,11 @@ Command composeCommand() {
             "A slide is shown for DURATION (5 or 5s, 800ms, 1min, indefinite) and holds at most one\n"
             "text, one picture or video and one sound. An ITEM is a file, whose kind is found out by\n"
             "its name and content, or a text given as text:WORDS.\n"
-            "A message larger than what networks let through (300 KB, or as many as the environment\n"
-            "variable LUM_MMS_MAX_SIZE_KB says) is refused, and nothing is written.\n",
+            "If the message is larger than what networks let through (300 KB, or as many as the environment\n"
+            "variable LUM_MMS_MAX_SIZE_KB says), its pictures are made smaller: upright, 640 x 480 pixels "
+            "or\n"
+            "less, as JPEG, the largest ones first. Moving pictures stay as they are. A message that is too\n"
+            "large all the same is refused, and nothing is written.\n",
         allOptions(),
         {},
         "slide",

@@ -127,9 +127,7 @@ bool Body::encode(MMS_UA_UAMsg& header, QArray<char>& octets, QString& cause) {
     return cause.isEmpty();
 }
 
-} // namespace
-
-bool encodeMessage(MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause) {
+bool encodeHeader(MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause) {
     unsigned char* octets = nullptr;
     int length = 0;
     const unsigned char result = MMS_UA_Encoder().encodeHeader(&header, &octets, &length);
@@ -141,9 +139,11 @@ bool encodeMessage(MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause) {
     return result == CODEC_WRITTEN;
 }
 
-bool encodeMessage(const Draft& draft, MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause) {
+} // namespace
+
+bool encodeMessage(MMS_UA_UAMsg& header, const Draft* content, QByteArray& pdu, QString& cause) {
     QArray<char> body;
-    if (!Body(draft).encode(header, body, cause) || !encodeMessage(header, pdu, cause))
+    if ((content && !Body(*content).encode(header, body, cause)) || !encodeHeader(header, pdu, cause))
         return false;
     pdu.append(body.data(), body.size());
     return true;

@@ -6,9 +6,7 @@
 class MMS_UA_UAMsg;
 struct Draft;
 
-/// Encodes a message without a body.
-bool encodeMessage(MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause);
-
-/// Builds presentation and parts of the draft and encodes the message, whose header gets its content type.
-/// False, with the reason in `cause`, when the message cannot be encoded.
-bool encodeMessage(const Draft& draft, MMS_UA_UAMsg& header, QByteArray& pdu, QString& cause);
+/// Builds presentation and parts of the content and encodes the message, whose header gets its content type;
+/// a null `content` is that of a message without a body. False, with the reason in `cause`, when the message
+/// cannot be encoded.
+bool encodeMessage(MMS_UA_UAMsg& header, const Draft* content, QByteArray& pdu, QString& cause);

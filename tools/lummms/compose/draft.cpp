@@ -3,6 +3,7 @@
 #include "platform/utility/setting.h"
 #include "smil/parser/smil_parser.h"
 #include "tools/lummms/command.h"
+#include "tools/lummms/compose/fitting.h"
 #include "tools/lummms/files.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
@@ -15,7 +16,8 @@
 
 namespace {
 
-const QString TEXT_PREFIX = "text:"; // in front of a slide's text that is no file
+constexpr qint64 MOST_OF_PHOTO = 64 * 1024 * 1024; // octets of a file that is looked at for a picture
+const QString TEXT_PREFIX = "text:";               // in front of a slide's text that is no file
 const QString SLIDE = "--slide";
 
 bool refuse(const QString& subject, const QString& cause) {
@@ -35,7 +37,8 @@ QString nameForSmil(const QString& name) {
 /// Reads slides and attachments. The members that can fail complain to the user and give false.
 class DraftReader {
 public:
-    DraftReader(qint64 limit, Draft& draft) : limit_(limit), draft_(draft) {}
+    DraftReader(qint64 limit, bool keepPictures, Draft& draft)
+        : limit_(limit), keepPictures_(keepPictures), draft_(draft) {}
 
     bool readSlide(const QStringList& values);
     bool readAttachment(const QString& path);
@@ -44,13 +47,15 @@ private:
     bool readDuration(const QString& text, int& duration);
     bool readItem(const QString& value, Item& item);
     bool readFile(const QString& path, Item& item);
+    bool makeFit(Item& item);
     bool checkItem(const Item& item);
     bool checkRoom(const QList<Item>& items);
     bool refuseSlide(const QString& cause);
 
     qint64 limit_;
+    bool keepPictures_;
     Draft& draft_;
-    qint64 loaded_ = 0; // octets of all files
+    qint64 loaded_ = 0; // octets of all files, without pictures that can be made smaller
 };
 
 bool DraftReader::refuseSlide(const QString& cause) {
@@ -69,20 +74,33 @@ bool DraftReader::readDuration(const QString& text, int& duration) {
 }
 
 bool DraftReader::readFile(const QString& path, Item& item) {
-    const qint64 size =
-        QFileInfo(filePathOf(path)).size(); // so that no file is read that is too large anyway
-    if (loaded_ + size > limit_) {
+    const qint64 size = QFileInfo(filePathOf(path)).size(); // no file is read that is too large anyway
+    if (loaded_ + size > (keepPictures_ ? limit_ : std::max(limit_, MOST_OF_PHOTO))) {
         complainOfSize(path, loaded_ + size, limit_);
         return false;
     }
     QString cause;
     if (!loadFile(path, item.octets, cause))
         return refuse(path, cause);
-    loaded_ += item.octets.size();
     item.name = path;
-    item.src = nameForSmil(path);
     item.type = mediaTypeOf(path, item.octets);
-    return true;
+    item.src =
+        nameWithExtension(path == STANDARD_STREAM ? QStringLiteral("stdin") : nameForSmil(path), item.type);
+    return makeFit(item);
+}
+
+bool DraftReader::makeFit(Item& item) {
+    const bool mayBeSmaller = !keepPictures_ && item.kind() == MMS_COMP_SMIL_MEDIA_IMG;
+    const qint64 others = mayBeSmaller ? 0 : loaded_;
+    while (mayBeSmaller && item.octets.size() > limit_ && makeSmaller(item)) {
+    }
+    if (!mayBeSmaller)
+        loaded_ += item.octets.size();
+    if (others + item.octets.size() <= limit_)
+        return true;
+    complainOfSize(item.name, others + item.octets.size(), limit_,
+                   item.picture ? item.picture->cause() : QString());
+    return false;
 }
 
 bool DraftReader::readItem(const QString& value, Item& item) {
@@ -156,6 +174,12 @@ MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE Item::kind() const {
     return MMS_COMP_SMILParser::getTypeEnum(type.type);
 }
 
+qint64 Draft::size() const {
+    qint64 octets = 0;
+    forEachItem([&octets](const Item& item) { octets += item.octets.size(); });
+    return octets;
+}
+
 bool readSizeLimit(qint64& octets) {
     static const QString variable = "LUM_MMS_MAX_SIZE_KB";
     static const QRegularExpression number("^[0-9]*[1-9][0-9]*$");
@@ -165,13 +189,14 @@ bool readSizeLimit(qint64& octets) {
            refuse(variable, QStringLiteral("'%1' is no number of kilobytes").arg(text));
 }
 
-void complainOfSize(const QString& subject, qint64 octets, qint64 limit) {
-    complain(subject, QStringLiteral("%1 are more than the %2 that a message may have")
-                          .arg(counted(octets, "octet"), counted(limit, "octet")));
+void complainOfSize(const QString& subject, qint64 octets, qint64 limit, const QString& cause) {
+    complain(subject, QStringLiteral("%1 are more than the %2 that a message may have%3")
+                          .arg(counted(octets, "octet"), counted(limit, "octet"),
+                               cause.isEmpty() ? QString() : QStringLiteral("; ") + cause));
 }
 
 bool readDraft(const CommandLine& line, qint64 limit, Draft& draft) {
-    DraftReader reader(limit, draft);
+    DraftReader reader(limit, line.options.isSet(QStringLiteral("keep-pictures")), draft);
     const QStringList attachments = line.options.values(QStringLiteral("attach"));
     return std::all_of(line.groups.begin(), line.groups.end(),
                        [&reader](const QStringList& values) { return reader.readSlide(values); }) &&

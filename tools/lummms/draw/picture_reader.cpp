@@ -10,13 +10,10 @@
 
 #include <algorithm>
 #include <fcntl.h>
-#include <limits>
 #include <unistd.h>
 
 namespace {
 
-constexpr int DECODER_MEGABYTES = 96; // for one picture; all else that is drawn needs room beside it
-constexpr qint64 DECODER_OCTETS = qint64(DECODER_MEGABYTES) << 20;
 constexpr int OCTETS_PER_COEFFICIENTS = 8; // of a pixel, kept until the last scan: four components, two each
 
 /// Formats of pictures that phones send. Others, whatever plug-ins can read, are left alone.
@@ -62,35 +59,40 @@ bool isTransposed(const QImageReader& reader) {
     return reader.transformation() & QImageIOHandler::TransformationRotate90;
 }
 
-/// How often a decoder walks over the picture. Where the number is not known, what may begin a scan counts:
-/// in the coded pixels of a JPEG 0xFF 0xDA cannot stand for anything else.
-int scansOf(QImageReader& reader, const QByteArray& format, const QByteArray& octets) {
-    const qsizetype count = format == "jpeg" ? octets.count("\xFF\xDA") : reader.imageCount();
-    return int(std::clamp<qsizetype>(count, 1, std::numeric_limits<int>::max()));
-}
+/// How the coded pixels of a JPEG are laid out.
+struct JpegLayout {
+    int scans = 0;
+    bool isInOneScan =
+        false; ///< all colours in one scan, row by row: any other decoder keeps all coefficients
+};
 
-/// Whether all colours of a JPEG come in one scan, row by row: any other decoder keeps all coefficients.
-bool isInOneScan(const QByteArray& jpeg) {
+/// Walks over the segments, as a decoder does: what stands inside them, such as a small preview, does not
+/// count.
+JpegLayout layoutOf(const QByteArray& jpeg) {
     const auto octet = [&jpeg](qsizetype at) { return at < jpeg.size() ? quint8(jpeg[at]) : quint8(0); };
-    int components = 0;
+    JpegLayout layout;
+    int components = 0; // of a frame that is coded in one scan or in one for each
     for (qsizetype at = 2; (at = jpeg.indexOf('\xFF', at)) >= 0;) {
         const quint8 marker = octet(++at);
-        if (marker == 0xFF || marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD7)) // alone, or no marker
+        if (marker == 0xFF || marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9)) // alone, or no marker
             continue;
-        if (marker == 0xDA)
-            return components && octet(at + 3) == components;
+        if (marker == 0xDA && ++layout.scans == 1) // a decoder decides by the first
+            layout.isInOneScan = components && octet(at + 3) == components;
         if (marker == 0xC0 || marker == 0xC1) // a frame: its size is three numbers ahead
             components = octet(at + 8);
-        else if (marker >= 0xC2 && marker <= 0xCF && marker != 0xC4 && marker != 0xC8 && marker != 0xCC)
-            return false; // another kind of frame
         at += 1 + octet(at + 1) * 256 + octet(at + 2);
     }
-    return false;
+    return layout;
+}
+
+/// How often a decoder walks over the picture.
+int scansOf(QImageReader& reader, const QByteArray& format, const QByteArray& octets) {
+    return std::max(format == "jpeg" ? layoutOf(octets).scans : reader.imageCount(), 1);
 }
 
 bool isReadRowByRow(const PictureHeader& header, const QByteArray& octets) {
     if (header.format == "jpeg")
-        return header.scans == 1 && isInOneScan(octets);
+        return layoutOf(octets).isInOneScan;
     return header.format == "png" && octets.size() > PNG_INTERLACE_PLACE && octets[PNG_INTERLACE_PLACE] == 0;
 }
 
@@ -146,12 +148,13 @@ PictureHeader readPictureHeader(const MMS_COMP_SMILMultipartBodypart& part) {
     return header;
 }
 
-bool fitsMemory(const PictureHeader& header) {
-    return header.scalable || header.memory <= DECODER_OCTETS;
+bool fitsMemory(const PictureHeader& header, int megabytes) {
+    return header.scalable || header.memory <= qint64(megabytes) << 20;
 }
 
-QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHeader& header, QSize wanted) {
-    if (header.format.isEmpty() || !fitsMemory(header))
+QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHeader& header, QSize wanted,
+                     int megabytes) {
+    if (header.format.isEmpty() || !fitsMemory(header, megabytes))
         return QImage();
     const SilentErrors silent;
     if (header.format == "wbmp") {
@@ -161,10 +164,10 @@ QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHe
     QByteArray octets = octetsToDecode(part);
     QBuffer buffer(&octets);
     QImageReader reader(&buffer, header.format);
-    QImageReader::setAllocationLimit(DECODER_MEGABYTES);
+    QImageReader::setAllocationLimit(megabytes);
     reader.setAutoTransform(true);
     QSize scaled = wanted.boundedTo(header.size);
-    while (header.scalable && qint64(scaled.width()) * scaled.height() * 4 > DECODER_OCTETS / 4)
+    while (header.scalable && qint64(scaled.width()) * scaled.height() * 4 > qint64(megabytes) << 18)
         scaled = (scaled / 2).expandedTo(QSize(1, 1));
     if (scaled != header.size && !scaled.isEmpty())
         reader.setScaledSize(isTransposed(reader) ? scaled.transposed() : scaled);

@@ -23,12 +23,16 @@ struct PictureHeader {
 /// Reads the header of a part's picture.
 PictureHeader readPictureHeader(const MMS_COMP_SMILMultipartBodypart& part);
 
-/// Whether the picture can be decoded at all, larger or smaller, in the memory that one picture may take.
-bool fitsMemory(const PictureHeader& header);
+/// What one picture of a stranger may take, in megabytes; all else that is drawn needs room beside it.
+constexpr int DECODER_MEGABYTES = 96;
+
+/// Whether the picture can be decoded at all, larger or smaller, in so much memory.
+bool fitsMemory(const PictureHeader& header, int megabytes = DECODER_MEGABYTES);
 
 /// Decodes a picture, at most in the wanted size or larger if that is what its format gives; a null image
-/// when it is broken.
-QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHeader& header, QSize wanted);
+/// when it is broken or needs more memory.
+QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHeader& header, QSize wanted,
+                     int megabytes = DECODER_MEGABYTES);
 
 /// A PNG without all chunks that only say more about the picture: texts and profiles among them are
 /// compressed, and a decoder would unpack them. Other octets, and a broken rest, stay as they are.
