@@ -51,6 +51,10 @@
 #include "util/mms_comp_util.h"
 #include "util/record_stream.h"
 #include "util/smil_time.h"
+#include "wire/fields.h"
+#include "wire/item.h"
+#include "wire/part.h"
+#include "wire/reader.h"
 
 // not there in a build without the user interface library
 #if __has_include("platform/ui/message_box.h")

@@ -1,0 +1,500 @@
+#include "wire/values.h"
+
+#include "codec/field_code.h"
+#include "wire/media.h"
+#include "wire/text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+namespace {
+
+constexpr int lengthQuote = 31; // a uintvar with the length follows
+constexpr int firstTextOctet = 32;
+constexpr int octetQuote = 127; // in front of a text that would begin with 128 or more
+constexpr int textQuote = 0x22; // in front of a quoted text
+constexpr int highBit = 0x80;
+constexpr int lowBits = 0x7F;
+constexpr int absoluteToken = 128, relativeToken = 129;
+constexpr int addressToken = 128, insertAddressToken = 129;
+constexpr int yes = 128, no = 129;
+constexpr int mboxDeleteConf = 146, deleteConf = 149;
+constexpr quint64 largest = std::numeric_limits<quint64>::max();
+
+bool isParameter(quint16 what) {
+    return what >= WIRE_PARAMETER && what < WIRE_MESSAGE;
+}
+
+} // namespace
+
+ValueReader::Limit::Limit(ValueReader& reader, qsizetype octets, bool isValue)
+    : reader_(reader), formerEnd_(reader.end_), wasValue_(reader.isInValue_) {
+    reader_.end_ = reader_.at_ + octets;
+    reader_.isInValue_ = isValue;
+}
+
+ValueReader::Limit::~Limit() {
+    if (reader_.hasMore())
+        reader_.readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_REST);
+    reader_.end_ = formerEnd_;
+    reader_.isInValue_ = wasValue_;
+}
+
+bool ValueReader::read(WIRE_FORM form, quint16 what, qsizetype from) {
+    const quint32 index = tree_.size();
+    if (!hasMore()) {
+        tree_.add(what, MMS_WIRE_Item::OCTETS, from, 0, MARK_NO_VALUE);
+        tree_.node(index).isMisfit = true;
+        return false;
+    }
+    const bool fits = readForm(form, what, from);
+    if (!fits)
+        tree_.node(index).isMisfit = true;
+    return fits;
+}
+
+bool ValueReader::readForm(WIRE_FORM form, quint16 what, qsizetype from) {
+    switch (form) {
+    case FORM_ANY:
+        return readAny(what, from);
+    case FORM_OCTET:
+    case FORM_YES_NO:
+    case FORM_SHORT:
+    case FORM_NO_VALUE:
+        return readOctet(form, what, from);
+    case FORM_INTEGER:
+    case FORM_LONG:
+    case FORM_DATE:
+        return readInteger(form, what, from);
+    case FORM_UINTVAR: {
+        quint64 value = 0;
+        const bool isWhole = takeUintvar(&value);
+        tree_.add(what, MMS_WIRE_Item::NUMBER, from, value, isWhole ? MARK_NONE : MARK_NUMBER_CUT);
+        return isWhole;
+    }
+    case FORM_TEXT:
+        return readTextString(what, from, isParameter(what));
+    case FORM_QUOTED: {
+        const quint32 index = tree_.size();
+        const bool isQuoted = next() == textQuote;
+        const bool fits = readTextString(what, from, true);
+        if (fits && !isQuoted && what == WIRE_PART_HEADER + 0x40)
+            tree_.mark(index, MARK_NO_QUOTE);
+        return fits;
+    }
+    case FORM_ENCODED:
+        return readEncoded(what, from, WIRE_TEXT);
+    case FORM_ADDRESS:
+        return readEncoded(what, from, WIRE_ADDRESS);
+    case FORM_CLASS:
+        return next() >= highBit ? readOctet(FORM_OCTET, what, from) : readTextString(what, from, false);
+    case FORM_TIME:
+        return readTime(what, from);
+    case FORM_FROM:
+        return readFrom(what, from);
+    case FORM_CONTENT_TYPE:
+        if (next() >= firstTextOctet)
+            return readMedia(what, from);
+        return readCompound(what, from, {{FORM_MEDIA, WIRE_MEDIA}, {FORM_PARAMETERS, 0}});
+    case FORM_MEDIA:
+        return readMedia(what, from);
+    case FORM_CHARSET:
+        return readCharsetParameter(what, from);
+    case FORM_COUNT_TEXT:
+        return readCompound(what, from, {{FORM_INTEGER, WIRE_COUNT}, {FORM_TEXT, WIRE_TEXT}});
+    case FORM_COUNT_ENCODED:
+        return readCompound(what, from, {{FORM_INTEGER, WIRE_COUNT}, {FORM_ENCODED, WIRE_TEXT}});
+    case FORM_COUNT_ADDRESS:
+        return readCompound(what, from, {{FORM_INTEGER, WIRE_COUNT}, {FORM_ADDRESS, WIRE_ADDRESS}});
+    case FORM_COUNT_DATE:
+        return readCompound(what, from, {{FORM_INTEGER, WIRE_COUNT}, {FORM_DATE, WIRE_TIME}});
+    case FORM_FLAGS:
+        return readCompound(what, from, {{FORM_OCTET, WIRE_ACTION}, {FORM_ENCODED, WIRE_TEXT}});
+    case FORM_TOTALS:
+        return readCompound(what, from, {{FORM_OCTET, WIRE_UNIT}, {FORM_INTEGER, WIRE_VALUE}});
+    case FORM_ELEMENT:
+        return readCompound(what, from, {{FORM_TEXT, WIRE_TEXT}, {FORM_PARAMETERS, 0}});
+    case FORM_DISPOSITION:
+        if (what == WIRE_VALUE && next() >= firstTextOctet) // by name, many write it as MIME does
+            return readAny(what, from);
+        return readCompound(what, from, {{FORM_CLASS, WIRE_DISPOSITION}, {FORM_PARAMETERS, 0}});
+    case FORM_LENGTH_DATE:
+        return readCompound(what, from, {{FORM_DATE, WIRE_TIME}});
+    case FORM_PARAMETERS:
+        return readParameters();
+    }
+    return readMisfit(what, from);
+}
+
+// ---- numbers ----
+
+bool ValueReader::takeUintvar(quint64* value) {
+    *value = 0;
+    while (hasMore()) {
+        const unsigned char octet = data_[at_++];
+        *value = *value > largest >> 7 ? largest : *value << 7 | (octet & lowBits);
+        if (!(octet & highBit))
+            return true;
+    }
+    return false;
+}
+
+/// Takes a short or a long integer, which saturates. False, and nothing is taken, for anything else and for
+/// one that is cut off.
+bool ValueReader::takeInteger(quint64* value) {
+    if (!beginsInteger())
+        return false;
+    const unsigned char first = next();
+    if (first & highBit) {
+        *value = first & lowBits;
+        ++at_;
+        return true;
+    }
+    if (first >= left())
+        return false;
+    *value = 0;
+    for (const unsigned char* octet = data_ + at_ + 1; octet != data_ + at_ + 1 + first; ++octet)
+        *value = *value > largest >> 8 ? largest : *value << 8 | *octet;
+    at_ += 1 + first;
+    return true;
+}
+
+bool ValueReader::readInteger(WIRE_FORM form, quint16 what, qsizetype from) {
+    const bool isShort = next() & highBit;
+    quint64 value = 0;
+    if (!takeInteger(&value))
+        return readMisfit(what, from);
+    MMS_WIRE_Item::KIND kind = form == FORM_DATE ? MMS_WIRE_Item::TIME : MMS_WIRE_Item::NUMBER;
+    tree_.add(what, kind, from, value, form == FORM_LONG && isShort ? MARK_SHORT : MARK_NONE);
+    return true;
+}
+
+bool ValueReader::readOctet(WIRE_FORM form, quint16 what, qsizetype from) {
+    const unsigned char octet = next();
+    if (form == FORM_NO_VALUE ? octet != 0
+        : form == FORM_YES_NO ? octet != yes && octet != no
+                              : octet < highBit)
+        return readMisfit(what, from);
+    ++at_;
+    const quint64 value = form == FORM_SHORT ? octet & lowBits : octet;
+    tree_.add(what, MMS_WIRE_Item::NUMBER, from, value,
+              form == FORM_OCTET && !isKnownNumber(what, value) ? MARK_NO_WORD : MARK_NONE);
+    return true;
+}
+
+// ---- texts ----
+
+quint32 ValueReader::addText(quint16 what, qsizetype from, const TextPlace& place, quint32 marks) {
+    const QByteArrayView octets =
+        tree_.octets().sliced(from, at_ - from).sliced(place.head).chopped(place.tail);
+    if (place.charset == charsetUsAscii) {
+        if (!isAsciiText(octets))
+            marks |= MARK_NOT_ASCII;
+    } else if (place.charset != charsetUnknown && !isValidText(octets, place.charset, tree_.charsets())) {
+        marks |= MARK_BAD_TEXT;
+    }
+    return tree_.add(what, MMS_WIRE_Item::TEXT, from, place.packed(), marks);
+}
+
+/// Reads a text up to its zero, with the quotes that may be in front and, of a quoted one, behind.
+bool ValueReader::readText(quint16 what, qsizetype from, int charset, bool isQuoted) {
+    if (unitSize(charset) > 1)
+        return readWideText(what, from, charset);
+    const auto* begin = data_ + at_;
+    const void* zero = hasMore() ? std::memchr(begin, 0, static_cast<size_t>(left())) : nullptr;
+    const unsigned char* end = zero ? static_cast<const unsigned char*>(zero) : data_ + end_;
+    TextPlace place = {charset, static_cast<int>(at_ - from), zero ? 1 : 0};
+    at_ = end - data_ + place.tail;
+    if (begin != end && *begin == octetQuote) {
+        ++begin;
+        ++place.head;
+    }
+    if (isQuoted && begin != end && *begin == textQuote) {
+        ++begin;
+        ++place.head;
+        if (begin != end && end[-1] == textQuote)
+            ++place.tail;
+    }
+    addText(what, from, place, zero ? MARK_NONE : isInValue_ ? MARK_NO_ZERO : MARK_TEXT_CUT);
+    return true;
+}
+
+/// Reads a text of 16-bit or 32-bit units, which fills a length; its closing zero is a unit, too.
+bool ValueReader::readWideText(quint16 what, qsizetype from, int charset) {
+    const int unit = unitSize(charset);
+    const QByteArrayView octets = tree_.octets().sliced(at_, left());
+    TextPlace place = {charset, static_cast<int>(at_ - from), 0};
+    // a character can begin with the octet 127, too
+    const bool isMarked = octets.sliced(std::min<qsizetype>(1, octets.size())).startsWith("\xFE\xFF") ||
+                          octets.sliced(std::min<qsizetype>(1, octets.size())).startsWith("\xFF\xFE");
+    qsizetype begin = 0;
+    if (octets.startsWith(char(octetQuote)) && (isMarked || octets.size() % unit == 1)) {
+        begin = 1;
+        ++place.head;
+    }
+    qsizetype end = begin;
+    const auto isZero = [&](qsizetype count) {
+        return std::all_of(octets.begin() + end, octets.begin() + end + count, [](char c) { return c == 0; });
+    };
+    while (octets.size() - end >= unit && !isZero(unit))
+        end += unit;
+    const qsizetype rest = octets.size() - end;
+    quint32 marks = MARK_NONE;
+    if (rest >= unit) {
+        place.tail = unit;
+    } else {
+        marks |= MARK_NO_ZERO;
+        if (isZero(rest)) // some senders close it like any other text
+            place.tail = static_cast<int>(rest);
+        else
+            end += rest;
+    }
+    at_ += end + place.tail;
+    addText(what, from, place, marks);
+    return true;
+}
+
+bool ValueReader::readTextString(quint16 what, qsizetype from, bool isQuoted) {
+    if (!beginsText())
+        return readMisfit(what, from);
+    const quint32 index = tree_.size();
+    const bool isHigh = next() & highBit;
+    const bool fits = readText(what, from, charsetUnknown, isQuoted);
+    if (isHigh)
+        tree_.mark(index, MARK_HIGH_TEXT);
+    return fits;
+}
+
+bool ValueReader::readEncoded(quint16 what, qsizetype from, quint16 inside) {
+    if (beginsText())
+        return readTextString(what, from, false);
+    qsizetype length = 0;
+    const quint32 index = openWithLength(what, from, &length);
+    bool fits = false;
+    {
+        const Limit limit(*this, length, true);
+        const qsizetype at = at_;
+        quint64 number = 0;
+        fits = takeInteger(&number);
+        if (fits) {
+            const int charset = static_cast<int>(std::min<quint64>(number, largestCharset));
+            const bool isKnown = isKnownCharset(charset, tree_.charsets());
+            tree_.addSyntax(WIRE_CHARSET, at, number, isKnown ? MARK_NONE : MARK_CHARSET);
+            readText(inside, at_, isKnown ? charset : charsetUnknown, false);
+        }
+    }
+    if (!fits)
+        tree_.mark(index, MARK_FORM);
+    tree_.close(index);
+    return fits;
+}
+
+// ---- values of several ----
+
+/// Takes a length: what it states, and how many octets of that there are.
+qsizetype ValueReader::takeLength(quint64* stated, quint32* marks) {
+    *stated = data_[at_++];
+    if (*stated == lengthQuote && !takeUintvar(stated)) {
+        *marks |= MARK_NUMBER_CUT;
+        return 0;
+    }
+    if (*stated > static_cast<quint64>(left())) {
+        *marks |= MARK_LENGTH_CUT;
+        return left();
+    }
+    return static_cast<qsizetype>(*stated);
+}
+
+/// Begins an item with the code in front, if there is one, and the length.
+quint32 ValueReader::openWithLength(quint16 what, qsizetype from, qsizetype* length) {
+    const quint32 index = tree_.open(what, from);
+    if (from < at_)
+        tree_.addSyntax(WIRE_CODE, from, data_[from] & lowBits);
+    const qsizetype at = at_;
+    quint64 stated = 0;
+    quint32 marks = MARK_NONE;
+    *length = takeLength(&stated, &marks);
+    tree_.addSyntax(WIRE_LENGTH, at, stated, marks);
+    return index;
+}
+
+bool ValueReader::readCompound(quint16 what, qsizetype from, std::initializer_list<Component> components) {
+    if (next() == 0 || next() > lengthQuote)
+        return readMisfit(what, from);
+    qsizetype length = 0;
+    const quint32 index = openWithLength(what, from, &length);
+    bool fits = true;
+    {
+        const Limit limit(*this, length, true);
+        for (const Component& component : components)
+            fits = fits && (component.form == FORM_PARAMETERS ? readParameters()
+                                                              : read(component.form, component.what, at_));
+    }
+    tree_.close(index);
+    return fits;
+}
+
+bool ValueReader::readTime(quint16 what, qsizetype from) {
+    if (next() == 0 || next() > lengthQuote)
+        return readMisfit(what, from);
+    qsizetype length = 0;
+    const quint32 index = openWithLength(what, from, &length);
+    bool fits = false;
+    {
+        const Limit limit(*this, length, true);
+        if (hasMore() && (next() == absoluteToken || next() == relativeToken)) {
+            const bool isAbsolute = next() == absoluteToken;
+            tree_.addSyntax(WIRE_TIME_TOKEN, at_, next());
+            ++at_;
+            const quint32 time = tree_.size();
+            fits = read(FORM_DATE, WIRE_TIME, at_);
+            if (fits && !isAbsolute)
+                tree_.node(time).kind = MMS_WIRE_Item::SECONDS;
+        } else {
+            tree_.mark(index, MARK_FORM);
+        }
+    }
+    tree_.close(index);
+    return fits;
+}
+
+bool ValueReader::readFrom(quint16 what, qsizetype from) {
+    if (next() == 0 || next() > lengthQuote)
+        return readMisfit(what, from);
+    qsizetype length = 0;
+    const quint32 index = openWithLength(what, from, &length);
+    bool fits = false;
+    {
+        const Limit limit(*this, length, true);
+        if (hasMore() && next() == addressToken) {
+            tree_.addSyntax(WIRE_FROM_TOKEN, at_, next());
+            ++at_;
+            fits = read(FORM_ADDRESS, WIRE_ADDRESS, at_);
+        } else if (hasMore() && next() == insertAddressToken) {
+            tree_.add(WIRE_FROM_TOKEN, MMS_WIRE_Item::NUMBER, at_, next());
+            ++at_;
+            fits = true;
+        } else {
+            tree_.mark(index, MARK_FORM);
+        }
+    }
+    tree_.close(index);
+    return fits;
+}
+
+// ---- media types, charsets, parameters ----
+
+bool ValueReader::readMedia(quint16 what, qsizetype from) {
+    if (beginsInteger()) {
+        quint64 number = 0;
+        if (!takeInteger(&number))
+            return readMisfit(what, from);
+        tree_.add(what, MMS_WIRE_Item::NUMBER, from, number, isKnownMedia(number) ? MARK_NONE : MARK_MEDIA);
+        return true;
+    }
+    return next() == 0 ? readMisfit(what, from) : readTextString(what, from, isParameter(what));
+}
+
+bool ValueReader::readCharsetParameter(quint16 what, qsizetype from) {
+    const quint32 index = tree_.size();
+    if (!beginsInteger()) {
+        if (!readTextString(what, from, true))
+            return false;
+        tree_.setEnd(at_);
+        if (charsetByName(textOctets(tree_.item(index))) == charsetUnknown)
+            tree_.mark(index, MARK_CHARSET);
+        return true;
+    }
+    quint64 number = 0;
+    if (!takeInteger(&number))
+        return readMisfit(what, from);
+    const int charset = static_cast<int>(std::min<quint64>(number, largestCharset));
+    tree_.add(what, MMS_WIRE_Item::NUMBER, from, number,
+              isKnownCharset(charset, tree_.charsets()) ? MARK_NONE : MARK_CHARSET);
+    return true;
+}
+
+bool ValueReader::readParameters() {
+    while (hasMore()) {
+        const qsizetype from = at_;
+        const unsigned char first = next();
+        if (first & highBit) {
+            const int code = first & lowBits;
+            const MMS_WIRE_Field* row = wireParameter(code);
+            ++at_;
+            const quint32 index = tree_.size();
+            read(row ? row->form : FORM_ANY, static_cast<quint16>(WIRE_PARAMETER + code), from);
+            if (!row)
+                tree_.mark(index, MARK_UNKNOWN);
+        } else if (first >= firstTextOctet && first != octetQuote) {
+            readNamedParameter();
+        } else {
+            readStray();
+        }
+    }
+    return true;
+}
+
+void ValueReader::readNamedParameter() {
+    const quint32 index = tree_.open(WIRE_NAMED, at_);
+    const quint32 name = tree_.size();
+    readText(WIRE_NAME, at_, charsetUnknown, false);
+    tree_.node(name).isSyntax = true;
+    if (beginsInteger())
+        read(FORM_INTEGER, WIRE_VALUE, at_);
+    else
+        read(FORM_QUOTED, WIRE_VALUE, at_);
+    tree_.close(index);
+}
+
+void ValueReader::readNamed(const MMS_WIRE_Field* (*known)(QByteArrayView name)) {
+    const quint32 index = tree_.open(WIRE_NAMED, at_);
+    const quint32 name = tree_.size();
+    readText(WIRE_NAME, at_, charsetUnknown, false);
+    tree_.node(name).isSyntax = true;
+    tree_.setEnd(at_);
+    const MMS_WIRE_Field* row = known ? known(textOctets(tree_.item(name))) : nullptr;
+    const bool fits = read(row ? row->form : FORM_ANY, WIRE_VALUE, at_);
+    tree_.node(index).isMisfit = !fits;
+    tree_.close(index);
+}
+
+// ---- what is not understood ----
+
+bool ValueReader::readAny(quint16 what, qsizetype from) {
+    if (next() >= highBit) {
+        tree_.add(what, MMS_WIRE_Item::NUMBER, from, next());
+        ++at_;
+        return true;
+    }
+    if (next() >= firstTextOctet)
+        return readText(what, from, charsetUnknown, false);
+    quint64 stated = 0;
+    quint32 marks = MARK_NONE;
+    const qsizetype length = takeLength(&stated, &marks);
+    tree_.add(what, MMS_WIRE_Item::OCTETS, from, 0, marks);
+    at_ += length;
+    return true;
+}
+
+/// Steps over a value of another form than expected, by its own form.
+bool ValueReader::readMisfit(quint16 what, qsizetype from) {
+    const quint32 index = tree_.size();
+    readAny(what, from);
+    tree_.node(index).kind = MMS_WIRE_Item::OCTETS;
+    tree_.mark(index, MARK_FORM);
+    return false;
+}
+
+void ValueReader::readStray() {
+    const qsizetype from = at_;
+    while (hasMore() && (next() < firstTextOctet || next() == octetQuote))
+        ++at_;
+    tree_.add(WIRE_STRAY, MMS_WIRE_Item::OCTETS, from, 0, MARK_STRAY);
+}
+
+void ValueReader::readRest(quint16 what, MMS_WIRE_Item::KIND kind, quint32 marks) {
+    tree_.add(what, kind, at_, 0, marks);
+    at_ = end_;
+}
