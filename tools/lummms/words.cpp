@@ -75,13 +75,6 @@ const std::span<const Word> bodyStatusWords = BODY_STATUSES;
 const std::span<const Word> smilStatusWords = SMIL_STATUSES;
 const std::span<const Word> smilWarningWords = SMIL_WARNINGS;
 
-const Word* findWord(std::span<const Word> words, const QString& text) {
-    for (const Word& word : words)
-        if (text.compare(QLatin1String(word.text), Qt::CaseInsensitive) == 0)
-            return &word;
-    return nullptr;
-}
-
 QString wordOf(std::span<const Word> words, int number) {
     const auto found = std::find_if(words.begin(), words.end(),
                                     [number](const Word& word) { return word.number == number; });

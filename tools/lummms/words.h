@@ -22,8 +22,6 @@ extern const std::span<const Word> bodyStatusWords;
 extern const std::span<const Word> smilStatusWords;
 extern const std::span<const Word> smilWarningWords;
 
-/// The row with that word, in any case; null if there is none.
-const Word* findWord(std::span<const Word> words, const QString& text);
 /// The word for a number, or "unknown (NUMBER)".
 QString wordOf(std::span<const Word> words, int number);
 /// "WORD (what NUMBER)", such as "not well-formed XML (status -8)".

@@ -14,20 +14,20 @@ bool refuse(const QString& subject, const QString& cause) {
     return false;
 }
 
-/// Looks whether there is content, and whether the kind can have it.
-bool checkContent(const MessageKind& kind, const CommandLine& line) {
-    const QString given = !line.groups.isEmpty()         ? QStringLiteral("--slide")
-                          : line.options.isSet("attach") ? QStringLiteral("--attach")
-                                                         : QString();
-    if (!carries(kind, FIELD_CONTENT_TYPE))
-        return given.isEmpty() ||
-               refuse(given, QStringLiteral("an %1 has no body").arg(QLatin1String(kind.name)));
-    if (!given.isEmpty())
-        return true;
-    if (!line.options.isSet("subject"))
-        return refuse(QString(),
-                      QStringLiteral("nothing to send: neither --slide, --attach nor --subject is given"));
-    return true;
+/// Looks whether there is content only where the kind has a body.
+bool checkBody(const MessageKind& kind, const CommandLine& line) {
+    const char* given = !line.groups.isEmpty()         ? "--slide"
+                        : line.options.isSet("attach") ? "--attach"
+                                                       : nullptr;
+    return !given || carries(kind, FIELD_CONTENT_TYPE) ||
+           refuse(given, QStringLiteral("an %1 has no body").arg(QLatin1String(kind.name)));
+}
+
+/// Looks whether there is anything to send.
+bool checkContent(const MessageKind& kind, const CommandLine& line, const Draft& draft) {
+    return !carries(kind, FIELD_CONTENT_TYPE) || !draft.isEmpty() || line.options.isSet("subject") ||
+           refuse(QString(),
+                  QStringLiteral("nothing to send: neither --slide, --attach nor --subject is given"));
 }
 
 /// Encodes a message, whose pictures are made smaller until it fits.
@@ -64,9 +64,9 @@ bool composeMessage(const CommandLine& line) {
     if (!kind)
         return refuse("--kind", QStringLiteral("'%1' is none of %2").arg(word, kindWords()));
     const bool hasBody = carries(*kind, FIELD_CONTENT_TYPE);
-    if (!setHeader(*kind, line.options, header) || !checkContent(*kind, line) || !readSizeLimit(limit) ||
-        !readDraft(line, limit, draft) || !encodeFitting(line, hasBody, limit, header, draft, pdu) ||
-        !writeOutput(line, pdu))
+    if (!checkBody(*kind, line) || !setHeader(*kind, line.options, header) || !readSizeLimit(limit) ||
+        !readDraft(line, limit, draft) || !checkContent(*kind, line, draft) ||
+        !encodeFitting(line, hasBody, limit, header, draft, pdu) || !writeOutput(line, pdu))
         return false;
     tellChanges(draft);
     if (hasBody && draft.isEmpty())

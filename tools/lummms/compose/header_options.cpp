@@ -3,6 +3,7 @@
 #include "codec/header_fields.h"
 #include "tools/lummms/compose/option_value.h"
 #include "tools/lummms/terminal.h"
+#include "wire/fields.h"
 
 #include <QStringList>
 #include <QUuid>
@@ -46,9 +47,9 @@ constexpr FieldOption FIELD_OPTIONS[] = {
      "When the message was sent, such as 2026-11-21T10:00:00Z; now if not given.",
      [](Header h, Value v) { h.setSendTime(v.moment()); }},
     {"class", FIELD_MESSAGE_CLASS, "CLASS", "personal, advertisement, informational or auto.",
-     [](Header h, Value v) { h.messageClass = v.octet(messageClassWords); }},
+     [](Header h, Value v) { h.messageClass = v.octet(FIELD_MESSAGE_CLASS); }},
     {"priority", FIELD_PRIORITY, "PRIORITY", "low, normal or high.",
-     [](Header h, Value v) { h.setPriority(v.octet(priorityWords)); }},
+     [](Header h, Value v) { h.setPriority(v.octet(FIELD_PRIORITY)); }},
     {"expiry", FIELD_EXPIRY, "TIME", "How long the message may wait to be fetched: seconds, or a moment.",
      [](Header h, Value v) { h.setExpireTime(v.secondsToCome()); }},
     {"delivery-time", FIELD_DELIVERY_TIME, "TIME",
@@ -74,13 +75,15 @@ constexpr FieldOption FIELD_OPTIONS[] = {
     {"size", FIELD_MESSAGE_SIZE, "OCTETS", "The size of the message that can be fetched.",
      [](Header h, Value v) { h.setMsgSize(v.size()); }},
     {"status", FIELD_STATUS, "STATUS",
-     "What became of the message: expired, retrieved, rejected, deferred or unrecognised.",
-     [](Header h, Value v) { h.status = v.octet(statusWords); }},
+     "What became of the message: expired, retrieved, rejected, deferred, unrecognised, indeterminate, "
+     "forwarded or "
+     "unreachable.",
+     [](Header h, Value v) { h.status = v.octet(FIELD_STATUS); }},
     {"report-allowed", FIELD_REPORT_ALLOWED, "yes|no", "Whether the sender may be told of the delivery.",
      [](Header h, Value v) { h.setReportAllowed(v.either("yes", "no")); }},
     {"response-status", FIELD_RESPONSE_STATUS, "STATUS",
      "How the network took the message: ok, error-service-denied and so on.",
-     [](Header h, Value v) { h.responseStatus = v.octet(responseStatusWords); }},
+     [](Header h, Value v) { h.responseStatus = v.octet(FIELD_RESPONSE_STATUS); }},
     {"response-text", FIELD_RESPONSE_TEXT, "TEXT", "The same in words.",
      [](Header h, Value v) { h.setResponseText(v.text()); }},
 };
@@ -142,16 +145,18 @@ bool apply(const FieldOption& option, const MessageKind& kind, const QStringList
     return true;
 }
 
-/// The options for the fields that the kind must have and that are not there, Content-Type apart.
+/// The options for the fields that the kind must have and that are not there. From is always written, and a
+/// body brings its Content-Type with it.
 QStringList missing(const MessageKind& kind, const MMS_UA_UAMsg& header) {
+    const MMS_WIRE_MessageType& type = *wireMessageType(kind.type);
     QStringList options;
     for (const FieldOption& option : FIELD_OPTIONS)
-        if (contains(kind.mandatory, option.field) && carries(kind, option.field) &&
-            !header.fieldsPresent(presenceBit(option.field)))
+        if (contains(type.mandatory, option.field) && carries(kind, option.field) &&
+            option.field != FIELD_FROM && !header.fieldsPresent(presenceBit(option.field)))
             options += typed(option);
     constexpr unsigned int recipients =
         presenceBit(FIELD_TO) | presenceBit(FIELD_CC) | presenceBit(FIELD_BCC);
-    if (kind.type == MESSAGE_SEND_REQ && !(header.present & recipients))
+    if (type.needsRecipient && !(header.present & recipients))
         options += QStringLiteral("--to, --cc or --bcc");
     return options;
 }

@@ -1,5 +1,7 @@
 #include "tools/lummms/compose/option_value.h"
 
+#include "wire/fields.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 
@@ -55,21 +57,23 @@ MMS_UTIL_Entry OptionValue::address() {
     return {QString(), MMS_UTIL_Entry::EMAIL, typed_};
 }
 
-unsigned char OptionValue::octet(std::span<const Word> words) {
+unsigned char OptionValue::octet(int field) {
     constexpr int first = 128;
     constexpr int last = 255;
-    const Word* word = findWord(words, typed_);
-    const int value = word ? word->number : number();
-    if (value < first || value > last) {
-        QStringList known;
-        for (const Word& each : words)
-            known += QString::fromLatin1(each.text).toLower();
-        refuse(QStringLiteral("is none of %1, and no number from %2 to %3")
-                   .arg(known.join(QStringLiteral(", ")))
-                   .arg(first)
-                   .arg(last));
+    const int value = number();
+    if (value >= first && value <= last)
+        return static_cast<unsigned char>(value);
+    QStringList known;
+    for (const MMS_WIRE_Word& word : wireField(field)->words) {
+        known += QString::fromLatin1(word.word).toLower();
+        if (known.last() == typed_.toLower())
+            return static_cast<unsigned char>(word.number);
     }
-    return static_cast<unsigned char>(value);
+    refuse(QStringLiteral("is none of %1, and no number from %2 to %3")
+               .arg(known.join(QStringLiteral(", ")))
+               .arg(first)
+               .arg(last));
+    return 0;
 }
 
 bool OptionValue::either(const char* first, const char* second) {

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "platform/utility/msg_header_base.h"
-#include "tools/lummms/words.h"
 
 #include <QDateTime>
 #include <QString>
-
-#include <span>
 
 /// The value of an option as the user typed it. Each member reads it in one form; what does not have that
 /// form is told by cause(), and the value given back is of no use then.
@@ -23,8 +20,9 @@ public:
     QString ascii();
     /// A phone number or an e-mail address.
     MMS_UTIL_Entry address();
-    /// One of the words or its number, or any other octet of a field with words (128 to 255).
-    unsigned char octet(std::span<const Word> words);
+    /// The octet of a header field whose values have words (see wireField()): one of these words, or a number
+    /// from 128 to 255.
+    unsigned char octet(int field);
     /// One of two words; true for the first of them.
     bool either(const char* first, const char* second);
     /// A version such as 1.0, as MMS_UA_UAMsg::version holds it.
