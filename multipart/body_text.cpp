@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 
 namespace {
 
@@ -114,12 +113,15 @@ QArray<char> sixteenBitText(const unsigned char* octets, int length, int mib) {
 }
 
 QArray<char> decodedText(const unsigned char* octets, int length, const QTextCodec& codec) {
-    const std::unique_ptr<QTextDecoder> decoder(codec.makeDecoder());
+    const char* data = reinterpret_cast<const char*>(octets);
+    QTextCodec::ConverterState state;
     Utf8Text text(length);
-    for (int done = 0; done < length; done += pieceSize) {
-        const int size = std::min(length - done, pieceSize);
-        if (!text.append(decoder->toUnicode(reinterpret_cast<const char*>(octets) + done, size)))
-            break;
+    bool goesOn = true;
+    for (int done = 0; done < length && goesOn; done += pieceSize)
+        goesOn = text.append(codec.toUnicode(data + done, std::min(length - done, pieceSize), &state));
+    if (goesOn && state.remainingChars > 0) { // of a character that is cut
+        const QChar replacement = QChar::ReplacementCharacter;
+        text.append(QStringView(&replacement, 1));
     }
     return text.take();
 }

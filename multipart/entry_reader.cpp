@@ -52,9 +52,8 @@ public:
 
 private:
     unsigned char readContentType();
-    unsigned char readMediaType(LinearBuffer* value);
-    unsigned char readParameters(LinearBuffer* value);
-    unsigned char readText(LinearBuffer* value, QString* text);
+    unsigned char readMediaType();
+    unsigned char readParameters(int end);
     unsigned char readHeader();
     unsigned char readLocation();
     unsigned char readUserPrompt();
@@ -74,24 +73,24 @@ unsigned char EntryReader::readContentType() {
     if (!in_->hasMore())
         return CODEC_MALFORMED;
     if (*in_->rest() >= firstTextOctet)
-        return readMediaType(in_);
+        return readMediaType();
     int length = 0;
-    const unsigned char result = ValueLengthBinary::readFrom(in_, &length);
+    unsigned char result = ValueLengthBinary::readFrom(in_, &length);
     if (result != CODEC_READ)
         return result;
-    const unsigned char* octets = in_->skip(length);
-    if (!octets)
+    if (length < 0 || length > in_->restLength())
         return CODEC_MALFORMED;
-    LinearBuffer value(const_cast<unsigned char*>(octets), length); // only read from
-    return readParameters(&value);
+    const int end = in_->getPosition() + length;
+    result = readMediaType(); // even if the length leaves no room for it
+    return result == CODEC_READ ? readParameters(end) : result;
 }
 
 /// The media type, a number or spelt out, at the beginning of a content-type value.
-unsigned char EntryReader::readMediaType(LinearBuffer* value) {
-    if (!value->hasMore())
+unsigned char EntryReader::readMediaType() {
+    if (!in_->hasMore())
         return CODEC_MALFORMED;
-    if (*value->rest() & shortIntegerBit) {
-        media_ = value->readByte() & ~shortIntegerBit;
+    if (*in_->rest() & shortIntegerBit) {
+        media_ = in_->readByte() & ~shortIntegerBit;
         QString type, subType;
         MMS_UTIL_Common::mimeTypeGetName(static_cast<unsigned char>(media_), type, subType);
         part_->setContentType(type);
@@ -99,7 +98,7 @@ unsigned char EntryReader::readMediaType(LinearBuffer* value) {
         return CODEC_READ;
     }
     QString format;
-    const unsigned char result = readText(value, &format);
+    const unsigned char result = PlainTextBinary::readFrom(in_, &format);
     if (result != CODEC_READ)
         return result;
     if (const qsizetype parameters = format.indexOf(';'); parameters >= 0)
@@ -111,26 +110,29 @@ unsigned char EntryReader::readMediaType(LinearBuffer* value) {
     return CODEC_READ;
 }
 
-/// The media type and the parameters behind it, to the end of the content-type value.
-unsigned char EntryReader::readParameters(LinearBuffer* value) {
+/// The parameters behind the media type. No further one begins at `end` or behind it, but one that has
+/// begun before is read whole: senders get the length of the value wrong.
+unsigned char EntryReader::readParameters(int end) {
     QString texts[2]; // name and value in turn
     bool isValue = false;
-    unsigned char result = readMediaType(value);
-    while (result == CODEC_READ && value->hasMore()) {
-        const unsigned char code = *value->rest();
+    unsigned char result = CODEC_READ;
+    while (result == CODEC_READ && in_->getPosition() < end) {
+        if (!in_->hasMore())
+            return CODEC_MALFORMED;
+        const unsigned char code = *in_->rest();
         if (code == PARAMETER_CHARSET) {
-            value->skip(1);
-            result = IntegerBinary::readFrom(value, &charset_);
+            in_->skip(1);
+            result = IntegerBinary::readFrom(in_, &charset_);
         } else if (code == PARAMETER_NAME) {
-            value->skip(1);
+            in_->skip(1);
             QString location = QStringLiteral("");
-            result = readText(value, &location);
+            result = PlainTextBinary::readFrom(in_, &location);
             // some senders put this in front of a name, in place of an opening quote
             if (location.startsWith(QLatin1String(")&&locStr.endsWith(")))
                 location = location.sliced(1).chopped(1);
             part_->setContentLocation(location);
         } else {
-            result = readText(value, &texts[isValue]);
+            result = PlainTextBinary::readFrom(in_, &texts[isValue]);
             if (isValue && texts[0].endsWith(QLatin1String("boundary")) && !texts[1].isEmpty()) {
                 part_->setBoundary(texts[1]);
                 hasBoundary_ = true;
@@ -139,13 +141,6 @@ unsigned char EntryReader::readParameters(LinearBuffer* value) {
         }
     }
     return result;
-}
-
-/// A text of the content-type value. Without a NUL it ends with the value; that is malformed only
-/// where the input ends, too.
-unsigned char EntryReader::readText(LinearBuffer* value, QString* text) {
-    const unsigned char result = PlainTextBinary::readFrom(value, text);
-    return value != in_ && in_->hasMore() ? static_cast<unsigned char>(CODEC_READ) : result;
 }
 
 unsigned char EntryReader::readHeader() {

@@ -100,7 +100,11 @@ TEST(MultipartReading, Heads) {
         {QByteArray("video/3GP\0", 10), "video/3gpp||||4"},
         {octets("1F 80 01 9E"), "image/jpeg||||4"}, // a long length
         {octets("05 9E 85 61 62 00"), "image/jpeg|ab|||4"},
-        {octets("04 9E 85 61 62"), "image/jpeg|ab|||4"}, // a name up to the value's end
+        // the length of the value only ends the parameters: what has begun is read whole
+        {octets("00 9E"), "image/jpeg||||4"},
+        {octets("03", zeroed("image/jpeg")), "image/jpeg||||4"},
+        {octets("02 83 81 EA"), "text/plain||||4"},
+        {octets("05 9E 85", zeroed("a.jpg")) + octets("C0", zeroed("<c>")), "image/jpeg|a.jpg|<c>||4"},
         {octets("17 9E 85", QByteArray(")&&locStr.endsWith(a\0", 21)), "image/jpeg|&&locStr.endsWith(|||4"},
         {octets("0F 9E", QByteArray("xboundary\0\x85z\0b\0", 15)), "image/jpeg|z||b|4"}, // with a name in it
         {octets("0E 9E", QByteArray("a\0boundary\0\x81\xEA", 13)), "image/jpeg||||4"},   // a value
@@ -124,7 +128,8 @@ TEST(MultipartReading, Heads) {
 
 TEST(MultipartReading, Data) {
     const char *text = "83", *utf8 = "03 83 81 EA", *latin1 = "03 83 81 84", *utf16Any = "05 83 81 02 03 F7",
-               *utf16be = "05 83 81 02 03 F5", *utf16le = "05 83 81 02 03 F6", *none = "05 83 81 02 7F FF";
+               *utf16be = "05 83 81 02 03 F5", *utf16le = "05 83 81 02 03 F6", *none = "05 83 81 02 7F FF",
+               *utf32le = "05 83 81 02 03 FB";
     const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
         {text, QByteArray("ab\0", 3), "ab"},
         {text, QByteArray(1, 0), QByteArray(1, 0)}, // a NUL alone stays
@@ -132,6 +137,7 @@ TEST(MultipartReading, Data) {
         {latin1, "\xE9z", "\xC3\xA9z"},
         {latin1, QByteArray("a\0b", 3), "a"},
         {none, "\xE9", "\xE9"},
+        {utf32le, QByteArray("x\0\0\0y\0", 6), "x\xEF\xBF\xBD"}, // cut within a character
         {utf16Any, utf16(u"\uFEFFa\u00E9"), "a\xC3\xA9"},
         {utf16Any, utf16(u"\uFFFEabcde"), "badce"}, // with the other mark
         {utf16be, utf16(u"ab"), "ba"},              // units change places in pairs
@@ -166,8 +172,8 @@ TEST(MultipartReading, MalformedEntries) {
         "8F FF FF FF 7F 00 9E",       // a negative length
         "03 00 05 9E",                // a value longer than what is left
         "03 00 1F 8F FF FF FF 7F 9E", // a negative one
-        "01 00 00 9E",                // an empty one
-        "03 00 02 9E 81 EA",          // a charset behind the value's end
+        "05 00 04 9E 85 61 62",       // a name without end
+        "03 00 02 9E 81",             // a charset behind the end
         "03 00 9E 41",                // headers that end early
         "01 00 C8",                   // an empty nested body
     };
