@@ -1,6 +1,7 @@
 #include "tests/testing.h"
 
 #include <QDomDocument>
+#include <QStringEncoder>
 #include <QTemporaryFile>
 
 namespace {
@@ -33,6 +34,9 @@ TEST(ValueSyntax, BeginAndEndTimes) {
         return QString("%1 %2 ").arg(time.type).arg(time.value) + time.id;
     });
     Parser::parseTime("3s", nullptr);
+    MMS_COMP_SMIL_TIME own{MMS_COMP_SMIL_TIME_OFFSET, QString("id(t%1)(2s)").arg(1), 7};
+    Parser::parseTime(own.id, &own);
+    EXPECT_EQ(own.id + QString::number(own.value), "t12000");
 }
 
 TEST(ValueSyntax, Colours) {
@@ -65,8 +69,7 @@ protected:
             addPart(body, location);
     }
     int parse(const QByteArray& smil) {
-        QArray<char> octets(smil);
-        return parser.parse(octets, &body, &data);
+        return parser.parse(smil, &body, &data); // a text, though octets could become a path
     }
     int parseFile(const QByteArray& smil) {
         QTemporaryFile file;
@@ -166,7 +169,7 @@ TEST_F(Reader, TakesFilesAsTheyStand) {
     const QByteArray latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" + umlaut.toLatin1();
     const QString marked = QChar(QChar::ByteOrderMark) + umlaut; // the machine's order, marked
     const QByteArray wide(reinterpret_cast<const char*>(marked.utf16()), marked.size() * 2);
-    EXPECT_EQ(parser.parse(QString("/nonexistent/a.smil"), &body, &data), -1);
+    EXPECT_EQ(parser.parse("/nonexistent/a.smil", &body, &data), -1);
     EXPECT_EQ(parseFile(""), -8);
     EXPECT_EQ(parseFile("stray <smil/>"), -8);
     EXPECT_EQ(parseFile("<?xml version='1.0' encoding='klingon'?><smil/>"), -8);
@@ -176,6 +179,15 @@ TEST_F(Reader, TakesFilesAsTheyStand) {
     ASSERT_EQ(data.getMetaCount(), 4);
     for (int i = 0; i < 4; ++i)
         EXPECT_EQ(data.getMeta(i)->getName() + data.getMeta(i)->getContent(), QStringLiteral("\u00FCc")) << i;
+    using Encoding = QStringConverter::Encoding;
+    for (const char* declared :
+         {"UTF-8", "UTF-16", "UTF-16LE", "UTF-32", "ISO-8859-1", "US-ASCII", "klingon"})
+        for (const auto shown :
+             {Encoding::Utf8, Encoding::Utf16LE, Encoding::Utf16BE, Encoding::Utf32LE, Encoding::Latin1}) {
+            const QString text = QString("<?xml version='1.0' encoding='%1'?>").arg(declared) + umlaut;
+            const QByteArray file = QStringEncoder(shown)(text);
+            EXPECT_EQ(parseFile(file), QDomDocument().setContent(file) ? 0 : -8) << declared << shown;
+        }
 }
 
 TEST_F(Reader, ReadsHeadAndLayout) {
@@ -270,6 +282,9 @@ TEST_F(Reader, WithstandsHostileTexts) {
         {"declarations of declarations", dtd("<!ENTITY a 'x'><!ENTITY b '&a;&a;'>", "&b;"), -8},
         {"a declaration of itself", dtd("<!ENTITY a '&a;'>", "&a;"), -8},
         {"a declaration of levels", dtd("<!ENTITY e '" + nested("a", 130) + "'>", "&e;"), -16},
+        {"declarations in a comment", smil("<!-- <!DOCTYPE <!ENTITY e '&e;'> -->" + many("          ")), 0},
+        {"references to characters", dtd("<!ENTITY e '&#233;&#xE9;'>", "&e;"), 0},
+        {"references to a sign", dtd("<!ENTITY a 'x'><!ENTITY b '&#38;a;&#x26;a;'>", "&b;"), -8},
         {"quotes and signs in values", smil(many("<a b='/>\"' c=\"/a>'>\"/>")), 0},
         {"self-closing", smil(many("<a b=\"/\"></a><a/><a b='c'/>")), 0},
         {"levels in CDATA", smil("<![CDATA[" + many("<a '>") + "]]>"), 0},

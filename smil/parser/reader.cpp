@@ -59,21 +59,26 @@ QString repairedText(const QArray<char>& octets, bool keepDuplicates, QString& s
     return start > 0 ? smil.sliced(start) : smil;
 }
 
-/// The text of an XML file in the encoding that it shows or declares; nothing if it is not so encoded.
-std::optional<QString> decodedXml(const QByteArray& octets) {
-    QXmlStreamReader start(octets);
-    start.readNext();
-    if (start.hasError())
-        return std::nullopt; // an encoding that nobody knows, or no XML at all
-    const QByteArray declared = start.documentEncoding().toLatin1();
-    const auto shown = QStringConverter::encodingForData(octets, u'<');
-    QStringDecoder decode = shown || declared.isEmpty()
-                                ? QStringDecoder(shown.value_or(QStringConverter::Utf8))
-                                : QStringDecoder(declared.constData());
-    if (!decode.isValid())
+/// The text of an XML file as the XML reader will see it: in the encoding that it declares, or that its first
+/// octets show. Nothing for a file that the reader refuses at once, and for one whose declaration is another
+/// text in the encoding that it declares: what the reader makes of that cannot be foretold.
+std::optional<QString> shownXml(const QByteArray& octets) {
+    QXmlStreamReader reader(octets);
+    reader.readNext();
+    if (reader.hasError())
         return std::nullopt;
-    const QString text = decode(octets);
-    return decode.hasError() ? std::nullopt : std::optional(text);
+    const auto shown = QStringConverter::encodingForData(octets, u'<').value_or(QStringConverter::Utf8);
+    const QString text = QStringDecoder(shown)(octets);
+    const QByteArray declared = reader.documentEncoding().toLatin1();
+    if (declared.isEmpty())
+        return text;
+    QStringDecoder decode(declared.constData());
+    const QString declaredText = decode.isValid() ? QString(decode(octets)) : QString();
+    const qsizetype declaration = reader.characterOffset();
+    if (declaredText.first(std::min(declaration, declaredText.size())) !=
+        text.first(std::min(declaration, text.size())))
+        return std::nullopt;
+    return declaredText;
 }
 
 bool isMissing(const QDomElement* element) {
@@ -126,8 +131,25 @@ int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body
     if (!file.open(QIODevice::ReadOnly))
         return ERR_NO_FILE;
     // A file is taken as it stands, on purpose: nothing is repaired or passed over.
-    const std::optional<QString> smil = decodedXml(file.readAll());
-    return smil ? parseText(*smil, body, data) : ERR_NOT_WELL_FORMED;
+    const QByteArray octets = file.readAll();
+    const std::optional<QString> smil = shownXml(octets);
+    if (!smil)
+        return ERR_NOT_WELL_FORMED;
+    if (const int result = checkXmlLimits(*smil))
+        return result;
+    QDomDocument document;
+    const bool wellFormed = document.setContent(octets, nullptr, &errorLine_, &errorColumn_);
+    return parseDocument(document, wellFormed, body, data);
+}
+
+int MMS_COMP_SMILParser::parse(const QByteArray& smil, MMS_COMP_SMILMultipart* body,
+                               MMS_COMP_SMILData* data) {
+    QArray<char> octets(smil);
+    return parse(octets, body, data);
+}
+
+int MMS_COMP_SMILParser::parse(const char* path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
+    return parse(QString::fromUtf8(path), body, data);
 }
 
 int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* body,
@@ -135,8 +157,14 @@ int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* 
     if (const int result = checkXmlLimits(smil))
         return result;
     QDomDocument document;
-    QString error;
-    if (!document.setContent(smil, &error, &errorLine_, &errorColumn_))
+    const bool wellFormed = document.setContent(smil, nullptr, &errorLine_, &errorColumn_);
+    return parseDocument(document, wellFormed, body, data);
+}
+
+/// Reads a document, if it could be made.
+int MMS_COMP_SMILParser::parseDocument(const QDomDocument& document, bool wellFormed,
+                                       MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
+    if (!wellFormed)
         return ERR_NOT_WELL_FORMED;
     errorLine_ = 0;
     errorColumn_ = 0;

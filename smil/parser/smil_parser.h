@@ -46,8 +46,13 @@ public:
     /// is read is added to what the document has. Without a `body` no media object has content, so none is
     /// added.
     int parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
-    /// The same for the file at `path`, whose text must be an XML document as it stands.
+    /// The same: octets are a text, not a path.
+    int parse(const QByteArray& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    /// The same for the file at `path`, which must be an XML document as it stands, in any encoding that Qt
+    /// knows.
     int parse(const QString& path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    /// The same for a path in UTF-8.
+    int parse(const char* path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     /// What the last parse() passed over: 0 nothing; 1 an element that has no place where it stood;
     /// 3 a media element whose content is missing; another positive value as the document gave it.
     int getLastWarning() const { return warning_; }
@@ -128,6 +133,8 @@ private:
     void startOver();
     int failedAt(const QDomElement& element, int status);
     int parseText(const QString& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
+    int parseDocument(const QDomDocument& document, bool wellFormed, MMS_COMP_SMILMultipart* body,
+                      MMS_COMP_SMILData* data);
     int readSlides(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data, int duration,
                    int& depth);
     int readContainer(QDomElement* element, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data,

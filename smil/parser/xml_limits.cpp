@@ -13,25 +13,28 @@ constexpr int TOO_DEEP = -16;
 
 constexpr qsizetype COUNTED_XML = 16384; // longer texts go to the scan without being counted first
 
-/// Whether entities or default attributes may be declared: what is read is then not what is written.
-bool declares(QStringView xml) {
-    return xml.contains(QLatin1StringView("<!DOCTYPE")) &&
-           (xml.contains(QLatin1StringView("<!ENTITY")) || xml.contains(QLatin1StringView("<!ATTLIST")));
+/// Whether a "&" begins a reference to a character, but for "&" and "%", which would begin a reference anew.
+bool isCharacterReference(QStringView text) {
+    if (!text.startsWith(QLatin1StringView("&#")))
+        return false;
+    constexpr qsizetype longest = 16; // with leading zeros
+    const QStringView number = text.sliced(2, std::min(text.size() - 2, longest));
+    const qsizetype hexadecimal = number.startsWith(u'x') ? 1 : 0;
+    const qsizetype end = number.indexOf(u';');
+    if (end <= hexadecimal)
+        return false;
+    bool ok = false;
+    const unsigned int character = number.first(end).sliced(hexadecimal).toUInt(&ok, hexadecimal ? 16 : 10);
+    return ok && character != u'&' && character != u'%';
 }
 
 /// Whether the declaration of an entity may itself use entities, also those that only a declaration
 /// can use ("%"). Ten such lines are enough to expand to 10,000,000,000 pieces of nothing.
-bool nestsEntities(QStringView xml) {
-    const QLatin1StringView opening("<!ENTITY");
-    for (qsizetype at = xml.indexOf(opening); at >= 0; at = xml.indexOf(opening, at)) {
-        const QStringView declaration = xml.sliced(at);
-        const auto isQuote = [](QChar c) { return c == u'"' || c == u'\''; };
-        const auto quote = std::find_if(declaration.begin(), declaration.end(), isQuote);
-        const auto end = quote == declaration.end() ? quote : std::find(quote + 1, declaration.end(), *quote);
-        if (std::any_of(declaration.begin(), end, [](QChar c) { return c == u'&' || c == u'%'; }))
+bool nestsEntities(QStringView declaration) {
+    for (qsizetype i = 0; i < declaration.size(); ++i)
+        if (declaration[i] == u'%' ||
+            (declaration[i] == u'&' && !isCharacterReference(declaration.sliced(i))))
             return true;
-        at += opening.size();
-    }
     return false;
 }
 
@@ -71,7 +74,8 @@ class MarkupScan {
 public:
     explicit MarkupScan(QStringView xml) : xml_(xml) {}
 
-    /// The first limit that the markup breaks.
+    /// The first limit that the markup breaks. Where entities or default attributes are declared, what is
+    /// read is not what is written: then the text must be short, and no entity use another.
     int check() {
         while ((at_ = xml_.indexOf(u'<', at_)) >= 0) {
             const QStringView markup = xml_.sliced(at_);
@@ -84,11 +88,16 @@ public:
                 skipPast(9, QLatin1StringView("]]>"));
             else if (readTag(kind) > MAX_XML_ATTRIBUTES)
                 return REFUSED;
+            if (nests_ || (declares_ && xml_.size() > MAX_DECLARING_XML))
+                return REFUSED;
             if (deepest_ > MAX_XML_DEPTH)
                 return TOO_DEEP;
         }
         return ALLOWED;
     }
+
+    /// Whether check() met the declaration of an entity or of default attributes.
+    bool declares() const { return declares_; }
 
 private:
     void skipPast(qsizetype opening, QLatin1StringView closing) {
@@ -100,6 +109,7 @@ private:
     /// that is of its quoted values. A document type stops before the declarations inside it.
     qsizetype readTag(QChar kind) {
         const bool declaration = kind == u'!';
+        const qsizetype begin = at_;
         qsizetype values = 0;
         for (++at_; at_ < xml_.size() && xml_[at_] != u'>'; ++at_) {
             const QChar c = xml_[at_];
@@ -111,8 +121,10 @@ private:
                 at_ = close < 0 ? xml_.size() - 1 : close;
             }
         }
-        if (declaration)
+        if (declaration) {
+            readDeclaration(xml_.sliced(begin, at_ - begin));
             return 0;
+        }
         if (kind != u'/')
             deepest_ = std::max(deepest_, ++depth_);
         if (kind == u'/' || xml_[at_ - 1] == u'/')
@@ -120,10 +132,18 @@ private:
         return values;
     }
 
+    void readDeclaration(QStringView text) {
+        const bool entity = text.startsWith(QLatin1StringView("<!ENTITY"));
+        declares_ = declares_ || entity || text.startsWith(QLatin1StringView("<!ATTLIST"));
+        nests_ = nests_ || (entity && nestsEntities(text));
+    }
+
     QStringView xml_;
     qsizetype at_ = 0;
     qsizetype depth_ = 0;
     qsizetype deepest_ = 0;
+    bool declares_ = false;
+    bool nests_ = false;
 };
 
 } // namespace
@@ -131,11 +151,10 @@ private:
 int checkXmlLimits(const QString& xml) {
     if (isHarmless(xml))
         return ALLOWED;
-    if (declares(xml)) {
-        if (xml.size() > MAX_DECLARING_XML || nestsEntities(xml))
-            return REFUSED;
+    MarkupScan scan(xml);
+    const int result = scan.check();
+    // what entities and default attributes bring only the reader knows
+    if (result == TOO_DEEP || (result == ALLOWED && scan.declares()))
         return readsTooDeep(xml) ? TOO_DEEP : ALLOWED;
-    }
-    const int result = MarkupScan(xml).check();
-    return result == TOO_DEEP && !readsTooDeep(xml) ? ALLOWED : result;
+    return result;
 }
