@@ -25,7 +25,6 @@
 #include "multipart/body_part.h"
 #include "multipart/body_part_link.h"
 #include "multipart/body_part_list.h"
-#include "multipart/body_part_owner.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_codec.h"
 #include "multipart/multipart_parser.h"

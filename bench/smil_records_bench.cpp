@@ -34,7 +34,9 @@ void addFigures() {
             [record] {
                 QDataStream stream(record);
                 MMS_COMP_SMILTimingContainer slide(nullptr);
-                return slide.readFromStream(stream);
+                const bool read = slide.readFromStream(stream);
+                slide.clear(); // the parts of a record are the reader's
+                return read;
             },
             yardstick);
         addPair(

@@ -29,6 +29,16 @@ QByteArray written(const Model& model, bool littleEndian) {
     return octets;
 }
 
+// What was read is the reader's: parts that nobody has taken over are deleted.
+void release(MMS_COMP_SMILMultipartBodypart&) {
+}
+void release(MMS_COMP_SMILMediaObject& object) {
+    object.clear();
+}
+void release(MMS_COMP_SMILTimingContainer& slide) {
+    slide.clear();
+}
+
 /// Reads a record twice over, the second time from what the first reading was written as.
 template <typename Model, typename Make>
 void passThrough(const QByteArray& input, bool littleEndian, Make make) {
@@ -42,6 +52,8 @@ void passThrough(const QByteArray& input, bool littleEndian, Make make) {
     if (used >= 0)
         require(reused == record.size() && written(*second, littleEndian) == record,
                 "a record comes back as it was");
+    release(*first);
+    release(*second);
 }
 
 /// An object that reads several records in a row, its part now and then in somebody else's hands.
@@ -50,9 +62,11 @@ void rereadObject(const QByteArray& input, Choices choices) {
     MMS_COMP_SMILMediaObject object(nullptr);
     MMS_COMP_SMILMediaObject other(&container);
     QDataStream stream(input);
-    for (int i = 0; i < 4; ++i) {
+    BodypartLink parts[8];
+    for (size_t i = 0; i < std::size(parts); i += 2) {
         object.readFromStream(stream);
         MMS_COMP_SMILMultipartBodypart* part = object.getData();
+        parts[i].pointAt(part);
         switch (choices.next(8)) {
         case 0:
             container.appendBodypart(part);
@@ -71,6 +85,7 @@ void rereadObject(const QByteArray& input, Choices choices) {
         case 4:
             other.setData(part);
             other.readFromStream(stream);
+            parts[i + 1].pointAt(other.getData());
             break;
         case 5:
             container.appendBodypart(part);
@@ -88,6 +103,9 @@ void rereadObject(const QByteArray& input, Choices choices) {
         if (MMS_COMP_SMILMultipartBodypart* still = other.getData())
             touched(still->getContentLocation());
     }
+    for (const BodypartLink& part : parts)
+        if (part.get() && !part.get()->getOwner())
+            delete part.get();
 }
 
 } // namespace

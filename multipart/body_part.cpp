@@ -39,8 +39,8 @@ MMS_COMP_SMILMultipartBodypart::~MMS_COMP_SMILMultipartBodypart() {
         links_->pointAt(nullptr);
 }
 
-void MMS_COMP_SMILMultipartBodypart::setOwner(BodypartOwner* owner) {
-    BodypartOwner* former = owner_;
+void MMS_COMP_SMILMultipartBodypart::setOwner(BodypartList* owner) {
+    BodypartList* former = owner_;
     owner_ = owner;
     if (former)
         former->disown(this);
@@ -196,7 +196,7 @@ int MMS_COMP_SMILMultipartBodypart::setBodyData(const char* octets, int length) 
         bodyData_ = QArray<char>();
         return 0;
     }
-    return bodyData_.duplicate(octets, length) ? 0 : ERR_NO_MEMORY;
+    return octets && bodyData_.duplicate(octets, length) ? 0 : ERR_NO_MEMORY;
 }
 
 int MMS_COMP_SMILMultipartBodypart::getBodyDataLen() const {
@@ -254,14 +254,14 @@ bool MMS_COMP_SMILMultipartBodypart::readRecord(RecordReader& record, int depth)
     partFlags_ = static_cast<unsigned int>(record.readInt());
     boundary_ = record.readText();
     const int count = record.readInt();
-    for (int i = 0; i < count; ++i) {
+    for (int i = 0; i < count && record.ok(); ++i) {
         std::unique_ptr<MMS_COMP_SMILMultipartBodypart> part(new (std::nothrow)
                                                                  MMS_COMP_SMILMultipartBodypart);
         if (!part || !part->readRecord(record, depth + 1))
             return false;
         subBodies_.append(part.release());
     }
-    return record.ok();
+    return true;
 }
 
 bool MMS_COMP_SMILMultipartBodypart::writeToStream(QDataStream& stream) const {

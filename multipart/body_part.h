@@ -1,7 +1,6 @@
 #pragma once
 
 #include "multipart/body_part_list.h"
-#include "multipart/body_part_owner.h"
 #include "platform/export.h"
 #include "qt2/qarray.h"
 
@@ -153,8 +152,8 @@ public:
     const QArray<char>& getBodyData() const { return bodyData_; }
     /// Stores a private copy of `data`: 0, or ERR_NO_MEMORY. Success resets the support.
     int setBodyData(const QArray<char>& data);
-    /// Stores a copy of `length` octets, none for a length below 1: 0, or ERR_NO_MEMORY. The support
-    /// is reset in any case.
+    /// Stores a copy of `length` octets, none for a length below 1: 0, or ERR_NO_MEMORY, also for a null
+    /// pointer with a length, which leaves the payload as it was. The support is reset in any case.
     int setBodyData(const char* octets, int length);
     /// Octets of this part and all its sub-bodies together, INT_MAX if there are more.
     int getBodyDataLen() const;
@@ -180,22 +179,23 @@ public:
     /// Deletes all sub-bodies.
     void clearSubBody() { subBodies_.clear(); }
 
-    /// Reads a record into this part; its sub-bodies come behind those already there. False, with
-    /// what was read so far, when the record ends early or nests its sub-bodies too deep.
+    /// Reads a record into this part; its sub-bodies come behind those already there. Of a record that
+    /// ends early it gets what was there: true, and the stream's status tells. False, with what was read so
+    /// far, when sub-bodies are nested deeper than 16 or cannot be made.
     bool readFromStream(QDataStream& stream);
     /// Writes the part as a record: always true. Whether it arrived, the stream's status tells.
     bool writeToStream(QDataStream& stream) const;
 
-    /// Who deletes this part; null when it is whoever made it.
-    BodypartOwner* getOwner() const { return owner_; }
+    /// The list that deletes this part; null when it is for whoever made it or read it.
+    BodypartList* getOwner() const { return owner_; }
 
 private:
     friend class BodypartLink;
     friend class BodypartList;  // alone tells a part who owns it
     friend class PartReference; // compares names by their keys, and without copying them
 
-    /// Hands the part to another owner (null: to the caller); the former one forgets it.
-    void setOwner(BodypartOwner* owner);
+    /// Hands the part to another list (null: to the caller); the former one forgets it.
+    void setOwner(BodypartList* owner);
     bool readRecord(RecordReader& record, int depth);
     void writeRecord(RecordWriter& record) const;
     bool holds(const MMS_COMP_SMILMultipartBodypart* part) const;
@@ -224,6 +224,6 @@ private:
     std::optional<QPixmap> pixmap_; // a QPixmap aborts a program that has no application object
     int pixmapId_ = -1;
 
-    BodypartOwner* owner_ = nullptr;
+    BodypartList* owner_ = nullptr;
     BodypartLink* links_ = nullptr; // the first of the chain of links to this part
 };

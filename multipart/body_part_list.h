@@ -1,14 +1,15 @@
 #pragma once
 
-#include "multipart/body_part_owner.h"
 #include "platform/export.h"
 #include "qt2/qptrlist.h"
+
+class MMS_COMP_SMILMultipartBodypart;
 
 /// The body parts of a container, or the sub-bodies of a part: a list that owns its parts.
 ///
 /// A part belongs to one owner at a time. Adding it here takes it out of wherever it was, and a part
 /// that somebody deletes leaves the list at once. Null is refused.
-class LUM_EXPORT BodypartList final : private BodypartOwner {
+class LUM_EXPORT BodypartList final {
 public:
     BodypartList();
     BodypartList(const BodypartList&) = delete;
@@ -39,7 +40,9 @@ public:
     void clear();
 
 private:
-    void disown(MMS_COMP_SMILMultipartBodypart* part) override;
+    friend class MMS_COMP_SMILMultipartBodypart;
+    /// The part is being deleted, or another list takes it over: forgets it without deleting it.
+    void disown(MMS_COMP_SMILMultipartBodypart* part);
 
     QPtrList<MMS_COMP_SMILMultipartBodypart> parts_;
 };

@@ -76,7 +76,7 @@ TEST(Lifetime, ObjectReadsARecordWhileItsPartSitsInAContainer) {
     const QByteArray record = recordOf(*r.object(0, 0));
     for (int adopted = 0; adopted < 2; ++adopted) {
         MMS_COMP_SMILMultipart second;
-        Object object(nullptr);
+        Released<Object> object;
         for (int round = 0; round < 3; ++round) {
             EXPECT_TRUE(read(object, record));
             ASSERT_NE(object.getData(), nullptr);

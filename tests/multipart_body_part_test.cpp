@@ -46,6 +46,7 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
     EXPECT_EQ(copy.getSubBody(0)->getContentLocation(), "inner");
     part.getSubBody(0)->setBodyData("12345", 5);
     EXPECT_EQ(part.getBodyDataLen(), 8);
+    EXPECT_EQ(part.setBodyData(nullptr, 5), Part::ERR_NO_MEMORY);
     EXPECT_EQ(part.setBodyData("x", 0), 0);
     EXPECT_TRUE(part.getBodyData().isEmpty());
 }
@@ -76,10 +77,10 @@ TEST(BodyPartRecord, TreesComeBackAndCutOnesStop) {
     EXPECT_EQ(back.getSubBodyCount(), 3);
     EXPECT_EQ(back.getSubBody(2)->getSubBody(0)->getContentLocation(), "inner");
     for (qsizetype size = 0; size < record.size(); ++size)
-        EXPECT_FALSE(read(*std::make_unique<Part>(), record.left(size))) << size;
+        EXPECT_FALSE(readWhole(*std::make_unique<Part>(), record.left(size))) << size;
     // two thousand million sub-bodies, none of them there
-    EXPECT_FALSE(read(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
-    EXPECT_EQ(claimed.getSubBodyCount(), 0);
+    EXPECT_FALSE(readWhole(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
+    EXPECT_LE(claimed.getSubBodyCount(), 1);
 }
 
 class BodyPartFile : public testing::Test {

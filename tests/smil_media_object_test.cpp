@@ -99,7 +99,7 @@ TEST(MediaObject, ParamsAreFoundByTheFirstOfTheirName) {
 }
 
 TEST(MediaObject, RecordKeepsEverything) {
-    Object object(nullptr), back(nullptr);
+    Released<Object> object, back;
     QByteArray endless = recordOf(object);
     EXPECT_EQ(endless, octets("00000005 00000000 00000000 00000000 00000000"
                               "00000002 00000000 00000000 00000002 00000000 00000000"
@@ -125,15 +125,29 @@ TEST(MediaObject, RecordKeepsEverything) {
     EXPECT_EQ(back.getData(), nullptr) << "the former part is gone";
 }
 
-TEST(MediaObject, PartBelongsToOneOwnerAtATime) {
+TEST(MediaObject, NeverDeletesAPartWhenItGoesAway) {
     MMS_COMP_SMILMultipart container;
-    {
-        Object object(nullptr);
-        object.setData("r", "a", MMS_COMP_SMIL_MEDIA_TEXT, "plain", QByteArray("hi"), nullptr);
-        container.appendBodypart(object.getData());
+    for (const bool fromRecord : {false, true}) {
+        MMS_COMP_SMILTimingContainer slide(nullptr);
+        EXPECT_TRUE(
+            slide.updateData("r", "a", MMS_COMP_SMIL_MEDIA_TEXT, "plain", QByteArray("hi"), true, nullptr));
+        const std::unique_ptr<Part> made(slide.getMediaObject(0)->getData());
+        EXPECT_TRUE(!fromRecord || read(slide, recordOf(slide)));
+        Part* part = slide.getMediaObject(fromRecord)->getData();
+        ASSERT_NE(part, nullptr);
+        const BodypartLink link(part);
+        EXPECT_TRUE(slide.remove(fromRecord));
+        ASSERT_EQ(link.get(), part);
+        container.appendBodypart(fromRecord ? part : new Part(*part));
     }
-    ASSERT_EQ(container.getPartCount(), 1) << "the container had taken the part over";
 
+    Part elsewhere;
+    Object cleared(&container); // asks the container, which does not have that part
+    cleared.setData(&elsewhere);
+    cleared.clear();
+    EXPECT_EQ(cleared.getData(), nullptr);
+    container.deletePart(0);
+    ASSERT_EQ(container.getPartCount(), 1);
     Object homeless(nullptr);
     homeless.setData(container.getBodypartByIndex(0, false));
     homeless.clear();

@@ -93,6 +93,21 @@ QByteArray recordOf(const Recorded& object) {
     return octets;
 }
 
+/// Restores an object from a record, which gives true even when it ends early; whether the stream had all.
+template <class Recorded>
+bool readWhole(Recorded& object, const QByteArray& octets) {
+    QDataStream stream(octets);
+    EXPECT_TRUE(object.readFromStream(stream));
+    return stream.status() == QDataStream::Ok;
+}
+
+/// A slide or object whose parts are in no container, and are deleted with it.
+template <class Shown>
+struct Released : Shown {
+    Released() : Shown(nullptr) {}
+    ~Released() { Shown::clear(); }
+};
+
 /// Restores an object from its record.
 template <class Recorded>
 bool read(Recorded& object, const QByteArray& octets) {

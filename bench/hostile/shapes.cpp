@@ -73,6 +73,7 @@ void receiveSlideRecord(const QByteArray& octets) {
     QDataStream stream(octets);
     MMS_COMP_SMILTimingContainer slide(nullptr);
     slide.readFromStream(stream);
+    slide.clear(); // the parts of a record are the reader's
 }
 
 void receivePartRecord(const QByteArray& octets) {

@@ -99,8 +99,6 @@ bool MMS_COMP_SMILMediaObject::setData(const QString& regionId, const QString& s
             return false;
         if (multipart)
             multipart->appendBodypart(part);
-        else
-            ownParts_.append(part);
     }
     const MediaKind* kind = mediaKindOfType(type);
     part->setContentLocation(src);
@@ -144,7 +142,6 @@ void MMS_COMP_SMILMediaObject::clear() {
         else
             delete part;
     }
-    ownParts_.clear();
     setData(nullptr);
 }
 
@@ -219,10 +216,8 @@ bool MMS_COMP_SMILMediaObject::readFromStream(QDataStream& stream) {
 
 bool MMS_COMP_SMILMediaObject::readData(QDataStream& stream) {
     auto* part = new (std::nothrow) MMS_COMP_SMILMultipartBodypart;
-    if (!ownParts_.append(part))
-        return false;
     setData(part);
-    return part->readFromStream(stream);
+    return part && part->readFromStream(stream);
 }
 
 bool MMS_COMP_SMILMediaObject::writeToStream(QDataStream& stream) const {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "multipart/body_part_link.h"
-#include "multipart/body_part_list.h"
 #include "platform/export.h"
 #include "qt2/qarray.h"
 #include "qt2/qptrlist.h"
@@ -29,11 +28,11 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int {
 /// One media element of a slide: its attributes, its `param` children and a link to the body part
 /// that holds its content.
 ///
-/// The object owns its params. Its body part belongs as a rule to the container and may be shared by
-/// several objects, which the part's reference count tells; the object only points at it, and its data
-/// becomes null when the part is deleted. A part that the object made itself and that is in no container
-/// (read from a record, or made by setData() without a container) is the object's own, and is deleted
-/// with it, until somebody else takes it over.
+/// The object owns its params. Its body part belongs to the container and may be shared by several
+/// objects, which the part's reference count tells; the object only points at it, and its data becomes
+/// null when the part is deleted. The object never deletes a part when it goes away itself. A part that
+/// readFromStream() makes, or setData() without a container, belongs to the caller until it is appended to
+/// a container: getData() gives it, clear() of an object without a container deletes it.
 ///
 /// The container is never owned: it must outlive the object or be replaced with setMultiPart().
 class LUM_EXPORT MMS_COMP_SMILMediaObject {
@@ -118,7 +117,7 @@ public:
     int setObjectElem(QDomElement* element, MMS_COMP_SMILMultipart* multipart);
     /// Gives the object content: a body part with these octets, made if the object has none and then
     /// appended to `multipart`, which also becomes the object's container. Without a container the
-    /// object owns the part it makes. A part that other objects share changes for all of them. False when
+    /// part it makes is the caller's. A part that other objects share changes for all of them. False when
     /// no part can be made.
     bool setData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
                  const QString& subType, const QArray<char>& bytes, MMS_COMP_SMILMultipart* multipart);
@@ -127,8 +126,8 @@ public:
     /// object ends, and keeps the end that it has. False, with the target partly filled, if there is none;
     /// false too when an argument is null or the target is this object.
     bool copyTo(MMS_COMP_SMILMediaObject* target, MMS_COMP_SMILMultipart* multipart) const;
-    /// Lets go of the body part. The container drops one reference to it, deleting the part with the
-    /// last; without a container, or if the part is this object's own, it is deleted.
+    /// Lets go of the body part. The container drops one reference to the part of that Content-Location,
+    /// deleting it with the last; without a container the part itself is deleted, wherever it is.
     void clear();
 
     /// Number of params.
@@ -151,7 +150,7 @@ public:
     QString getParamValueByName(const QString& name) const;
 
     /// Reads the record that writeToStream() writes. The body part that the object pointed at is
-    /// deleted, wherever it was; one that the record brings is the object's own. Params are added to
+    /// deleted, wherever it was; one that the record brings is the caller's. Params are added to
     /// those there. False when something could not be made, or the part's record is nested too deep. A
     /// record that ends early gives what was there, and the stream's status tells.
     bool readFromStream(QDataStream& stream);
@@ -172,7 +171,6 @@ private:
     MMS_COMP_SMIL_TIME end_;
     QString alt_ = QStringLiteral("");
     BodypartLink data_;
-    BodypartList ownParts_; // parts that this object made and nobody has taken over
     QPtrList<MMS_COMP_SMILMediaObjectParam> params_;
     MMS_COMP_SMILMultipart* multipart_;
 };

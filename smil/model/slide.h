@@ -117,8 +117,9 @@ public:
     bool copyTo(MMS_COMP_SMILTimingContainer* target, MMS_COMP_SMILMultipart* multipart) const;
 
     /// Reads the record that writeToStream() writes: duration and objects, which are added to those
-    /// there and have no container. False when an object cannot be made or read. A record that ends
-    /// early gives what was there, and the stream's status tells.
+    /// there and have no container; their body parts are the caller's, clear() deletes them. False when an
+    /// object cannot be made, or sub-bodies are nested too deep. A record that ends early gives what was
+    /// there, and the stream's status tells.
     bool readFromStream(QDataStream& stream);
     /// Always true. Colours, text size and the manual flag are not part of the record.
     bool writeToStream(QDataStream& stream) const;
