@@ -19,6 +19,8 @@ const HeaderField* writableField(int code) {
 unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg* msg, unsigned char** out, int* outLength) {
     if (!msg)
         return CODEC_NO_MESSAGE;
+    if (!out || !outLength)
+        return CODEC_REFUSED;
     const int size = sizeOfEncodedHeader(msg);
     auto* octets = new (std::nothrow) unsigned char[static_cast<size_t>(size)];
     if (!octets)

@@ -18,7 +18,7 @@ public:
     /// AddressBinary refuses is therefore not told here, and leaves its bare field code in the header,
     /// which nobody can read then: give addresses of the types PLMN and EMAIL only. CODEC_WRITTEN and
     /// no octets for a type outside 128 to 134. CODEC_NO_MESSAGE without a message, CODEC_REFUSED
-    /// without memory for the octets: nothing is stored then.
+    /// without a place to store octets and size, or without memory for the octets: nothing is stored then.
     unsigned char encodeHeader(MMS_UA_UAMsg* msg, unsigned char** out, int* outLength);
 
     /// Octets that encodeHeader() writes for the message; 0 for a type outside 128 to 134.

@@ -28,18 +28,17 @@ unsigned char readEntry(LinearBuffer* in, int depth, Charsets& charsets,
 /// Writes an entry: CODEC_WRITTEN, or CODEC_REFUSED when there is no room.
 unsigned char writeEntry(LinearBuffer* out, const MMS_COMP_SMILMultipartBodypart& part);
 
-/// The room that a body may take when it is sent: what the phone allows for a message, and more when
-/// the payloads need it.
-qint64 roomForBody(MMS_COMP_SMILMultipart* body);
-
 /// A body on its way out. The heads of its entries are made once, for the size and for the octets.
 class BodyOutput {
 public:
     /// The body must outlive the output and not change meanwhile.
     explicit BodyOutput(MMS_COMP_SMILMultipart* body);
 
-    /// The octets that writeTo() writes.
+    /// The octets that writeTo() writes, given as many.
     qint64 size() const { return size_; }
+    /// The octets that a body may not reach when it is sent: what the phone allows for a message, and more
+    /// when the payloads need it.
+    qint64 room() const { return room_; }
     /// Writes the count and all entries, up to the first that has no room: CODEC_WRITTEN or
     /// CODEC_REFUSED.
     unsigned char writeTo(LinearBuffer* out) const;
@@ -53,4 +52,5 @@ private:
     QVarLengthArray<unsigned char, 1024> heads_; // one behind the other
     QVarLengthArray<Entry, 16> parts_;
     qint64 size_ = 1; // the count
+    qint64 room_;
 };

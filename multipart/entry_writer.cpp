@@ -7,13 +7,18 @@
 #include "multipart/multipart.h"
 #include "multipart/wsp_codes.h"
 #include "platform/utility/common.h"
+#include "platform/utility/setting.h"
 #include "util/lowered.h"
+
+#include <algorithm>
 
 namespace {
 
 // The room for content type and headers of one part, the same however long its names are. What does not fit
 // is left out.
 constexpr int headerRoom = 1024;
+// The room for the headers of all parts, beside their payloads.
+constexpr qint64 roomForHeaders = 4096;
 constexpr int roomForLengths = 16; // of the three lengths in front, with five octets each at the most
 
 /// The head of an entry as octets: the lengths of headers and data, the length of the content type, the
@@ -102,13 +107,16 @@ unsigned char writeEntry(LinearBuffer* out, const MMS_COMP_SMILMultipartBodypart
 BodyOutput::BodyOutput(MMS_COMP_SMILMultipart* body) {
     const int count = body->getPartCount();
     parts_.reserve(count);
+    qint64 payloads = 0;
     for (int i = 0; i < count; ++i) {
         const MMS_COMP_SMILMultipartBodypart* part = body->getBodypartByIndex(i, false);
         const EntryHead head(*part);
         heads_.append(head.octets(), head.size());
         parts_.append({part, head.size()});
         size_ += head.size() + part->getBodyData().size();
+        payloads += part->getBodyDataLen();
     }
+    room_ = std::max(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize(0)) * 1024, roomForHeaders + payloads);
 }
 
 unsigned char BodyOutput::writeTo(LinearBuffer* out) const {

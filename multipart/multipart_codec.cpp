@@ -5,16 +5,12 @@
 #include "multipart/body_text.h"
 #include "multipart/entry_codec.h"
 #include "multipart/multipart.h"
-#include "platform/utility/setting.h"
 
 #include <algorithm>
 #include <limits>
 #include <new>
 
 namespace {
-
-// Room for the headers of all parts, beside their payloads.
-constexpr qint64 roomForHeaders = 4096;
 
 constexpr qint64 mostOctets = std::numeric_limits<int>::max(); // that a LinearBuffer counts
 
@@ -29,13 +25,6 @@ unsigned char readBody(unsigned char* data, unsigned int len, const PartReceiver
 
 } // namespace
 
-qint64 roomForBody(MMS_COMP_SMILMultipart* body) {
-    qint64 payloads = 0;
-    for (int i = 0; i < body->getPartCount(); ++i)
-        payloads += body->getBodypartByIndex(i, false)->getBodyDataLen();
-    return std::max(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize(0)) * 1024, roomForHeaders + payloads);
-}
-
 unsigned char Multipart_Entry::writeTo(LinearBuffer* out, MMS_COMP_SMILMultipartBodypart& part) {
     return writeEntry(out, part);
 }
@@ -49,17 +38,18 @@ unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipa
                                                       unsigned int* outLen) {
     if (!body || !out || !outLen)
         return CODEC_REFUSED;
-    const qint64 room = roomForBody(body);
+    const BodyOutput output(body);
+    const qint64 room = std::min(output.room(), output.size()); // no more than is written
     auto* octets = room <= mostOctets ? new (std::nothrow) unsigned char[static_cast<size_t>(room)] : nullptr;
     if (!octets)
         return CODEC_REFUSED;
     *out = octets;
     LinearBuffer buffer(octets, static_cast<int>(room));
-    const unsigned char result = BodyOutput(body).writeTo(&buffer);
+    const unsigned char result = output.writeTo(&buffer);
     if (result != CODEC_WRITTEN)
         return result;
     *outLen = static_cast<unsigned int>(buffer.getPosition());
-    return buffer.hasMore() ? CODEC_WRITTEN : CODEC_REFUSED; // a full array counts as too small
+    return output.size() < output.room() ? CODEC_WRITTEN : CODEC_REFUSED; // room that is full is too small
 }
 
 unsigned char MMS_UA_MultiPart_CODEC::decodeMultipart(bool, unsigned char* data, unsigned int len,

@@ -10,6 +10,7 @@
 #include "platform/utility/msg_header_base.h"
 #include "util/mms_comp_util.h"
 
+#include <QHash>
 #include <QStringBuilder>
 
 #include <limits>
@@ -38,12 +39,29 @@ QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
     return params;
 }
 
+/// The file extensions of media types, each looked up once: the registry takes its time, and most parts of a
+/// body are of a few types.
+class Extensions {
+public:
+    QString of(const MMS_COMP_SMILMultipartBodypart& part) {
+        const std::pair type(part.getContentType(), part.getSubType());
+        auto known = found_.constFind(type);
+        if (known == found_.cend())
+            known =
+                found_.insert(type, MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type.first, type.second));
+        return *known;
+    }
+
+private:
+    QHash<std::pair<QString, QString>, QString> found_;
+};
+
 /// The container as octets; the null array with a result other than CODEC_WRITTEN.
 QArray<char> encoded(MMS_COMP_SMILMultipart* body, unsigned char* result) {
     const BodyOutput output(body);
     const qint64 size = output.size();
     *result = CODEC_REFUSED;
-    if (size >= roomForBody(body) || size > std::numeric_limits<int>::max())
+    if (size >= output.room() || size > std::numeric_limits<int>::max())
         return QArray<char>();
     QArray<char> octets(static_cast<qsizetype>(size));
     if (octets.isNull())
@@ -130,16 +148,16 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
     if (!body)
         return;
     std::optional<PartNames> names; // gathered for the first part without a location
+    Extensions extensions;
     for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
         if (part->getContentLocation().isEmpty()) {
             if (!names)
                 names.emplace(body->parts_);
             const QString shown = part->getDispFileName();
-            part->setContentLocation(shown.isEmpty() ? names->uniqueAttachmentLocation(
-                                                           MMS_COMP_Util::getFirstSupportExtNameByMIMEType(
-                                                               part->getContentType(), part->getSubType()))
-                                                     : names->uniqueLocation(shown));
-            names->add(*part);
+            const QString location = shown.isEmpty() ? names->uniqueAttachmentLocation(extensions.of(*part))
+                                                     : names->uniqueLocation(shown);
+            part->setContentLocation(location);
+            names->addLocation(location);
         }
         if (part->getDispFileName().isEmpty())
             part->setDispFileName(part->getContentLocation());

@@ -24,7 +24,7 @@ void PartNames::add(const MMS_COMP_SMILMultipartBodypart& part) {
     const QString id = bareId(part.getContentID());
     if (!id.isEmpty()) // an empty reference finds no Content-ID
         contentIds_.insert(id);
-    locations_.insert(part.getContentLocation().toLower());
+    addLocation(part.getContentLocation());
 }
 
 bool PartNames::contains(const QString& name) const {

@@ -14,6 +14,8 @@ public:
 
     /// Adds the names of one more part.
     void add(const MMS_COMP_SMILMultipartBodypart& part);
+    /// Adds the new Content-Location of a part whose Content-ID is known.
+    void addLocation(const QString& location) { locations_.insert(location.toLower()); }
     /// Whether a part would be found by that reference.
     bool contains(const QString& name) const;
 

@@ -267,7 +267,11 @@ TEST(Encoder, ValuesOfFields) {
     EXPECT_EQ(encoder.sizeOfEncodedHeader(&msg), 5);
     EXPECT_EQ(encoder.encodeField(FIELD_DISTRIBUTION_INDICATOR), CODEC_REFUSED);
     EXPECT_EQ(encoder.encodeField(FIELD_SUBJECT), CODEC_WRITTEN); // absent
+    unsigned char* out = nullptr;
+    int length = 0;
     EXPECT_EQ(MMS_UA_Encoder().encodeHeader(nullptr, nullptr, nullptr), CODEC_NO_MESSAGE);
+    EXPECT_EQ(MMS_UA_Encoder().encodeHeader(&msg, nullptr, &length), CODEC_REFUSED);
+    EXPECT_EQ(MMS_UA_Encoder().encodeHeader(&msg, &out, nullptr), CODEC_REFUSED);
     for (const int code : {INT_MIN, -1, 0, 25, 50, 300})
         EXPECT_TRUE(!MMS_UA_Decoder().selectReader(code) && !encoder.selectWriter(code)) << code;
     for (int code = 1; code <= 24; ++code) {

@@ -114,3 +114,27 @@ TEST(MultipartParser, FailedAssemblyLeavesTheHeader) {
     qunsetenv("LUM_MMS_MAX_SIZE_KB");
     EXPECT_EQ(header.getContentType().subType, "b");
 }
+
+TEST(MultipartParser, AssemblesWhatIsEncoded) {
+    MMS_UTIL_MsgHeaderBase header;
+    MMS_COMP_SMILMultipart body;
+    EXPECT_EQ(MMS_UA_MultiPart_CODEC::encodeMultipart(true, &body, nullptr, nullptr), CODEC_REFUSED);
+    QSet<int> seen;
+    for (int parts = 0; parts < 120; ++parts, addPart(body, QString(40 + parts % 9, 'x')))
+        for (const char* limit : {"1", "4", "5", "10", "2147483647", "99999999999"}) {
+            qputenv("LUM_MMS_MAX_SIZE_KB", limit);
+            unsigned char* out = nullptr;
+            unsigned int length = 0;
+            int status = 7;
+            const int result = MMS_UA_MultiPart_CODEC::encodeMultipart(true, &body, &out, &length);
+            const std::unique_ptr<unsigned char[]> owned(out);
+            const QByteArray assembled = Parser::assembleBody(&body, &header, &status);
+            EXPECT_EQ(status, Parser::handleErr(static_cast<unsigned char>(result))) << parts << limit;
+            if (status == 0) {
+                EXPECT_EQ(assembled, QByteArray(reinterpret_cast<char*>(out), length)) << parts << limit;
+            }
+            seen += result;
+        }
+    qunsetenv("LUM_MMS_MAX_SIZE_KB");
+    EXPECT_EQ(seen.size(), 2);
+}

@@ -1,6 +1,7 @@
 #include "tests/testing.h"
 
 #include <QLoggingCategory>
+#include <QMimeDatabase>
 #include <QTemporaryDir>
 
 namespace {
@@ -58,8 +59,15 @@ TEST(EmailCodes, goBothWays) {
 }
 
 TEST(Setting, largestMessageSizeAndTemporaryDirectory) {
-    const std::pair<const char*, int> rows[] = {
-        {"", 300}, {"0", 300}, {"-5", 300}, {"many", 300}, {"99999999999", 300}, {"1", 1}, {"600", 600}};
+    const std::pair<const char*, int> rows[] = {{"", 300},
+                                                {"0", 300},
+                                                {"-5", 300},
+                                                {"many", 300},
+                                                {"0x10", 300},
+                                                {"1", 1},
+                                                {"0400", 400},
+                                                {"99999999999", INT_MAX},
+                                                {"99999999999999999999", INT_MAX}};
     for (const auto& [value, size] : rows) {
         qputenv("LUM_MMS_MAX_SIZE_KB", value);
         EXPECT_EQ(MMS_UTIL_Setting::getMaxiumMOMMSSize(0), size) << value;
@@ -78,6 +86,16 @@ TEST(Setting, largestMessageSizeAndTemporaryDirectory) {
         EXPECT_EQ(MMS_UTIL_Common::getTmpDir(), used) << qPrintable(named);
     }
     qunsetenv("TMPDIR");
+}
+
+TEST(MimeTypes, areFoundWhateverTheirCase) {
+    int withCapitals = 0;
+    for (const QMimeType& type : QMimeDatabase().allMimeTypes())
+        if (type.name() != type.name().toLower() && !type.suffixes().isEmpty()) {
+            ++withCapitals;
+            EXPECT_EQ(AM_MimeType::instance()->getExtListByMimeId(type.name()), type.suffixes());
+        }
+    EXPECT_GT(withCapitals, 0);
 }
 
 TEST(OctetLog, saysNothingUnasked) {

@@ -1,6 +1,7 @@
 #include "platform/mime/am_mime_type.h"
 
 #include <QFileInfo>
+#include <QHash>
 #include <QMimeDatabase>
 
 #include <algorithm>
@@ -85,6 +86,23 @@ constexpr PhoneFile PHONE_FILES[] = {
     {"vcs", "text/x-vcalendar"},
 };
 
+/// The system's type whose name, in lower case, is this. Its database tells capitals apart and finds nearly
+/// every type under a name in lower case; of the few that have capitals the first such look-up makes a list.
+QMimeType systemType(const QString& id) {
+    const QMimeDatabase system;
+    const QMimeType known = system.mimeTypeForName(id);
+    if (known.isValid())
+        return known;
+    static const QHash<QString, QString> withCapitals = [&system] {
+        QHash<QString, QString> names;
+        for (const QMimeType& type : system.allMimeTypes())
+            if (const QString lowered = type.name().toLower(); lowered != type.name())
+                names.insert(lowered, type.name());
+        return names;
+    }();
+    return system.mimeTypeForName(withCapitals.value(id));
+}
+
 } // namespace
 
 const AM_MimeType* AM_MimeType::instance() {
@@ -93,8 +111,8 @@ const AM_MimeType* AM_MimeType::instance() {
 }
 
 QStringList AM_MimeType::getExtListByMimeId(const QString& mimeId) const {
-    const QString id = mimeId.toLower(); // the system's database tells capitals apart
-    const QStringList known = QMimeDatabase().mimeTypeForName(id).suffixes();
+    const QString id = mimeId.toLower();
+    const QStringList known = systemType(id).suffixes();
     if (!known.isEmpty())
         return known;
     const auto found =

@@ -6,6 +6,7 @@
 class LUM_EXPORT MMS_UTIL_Setting {
 public:
     /// The largest outgoing message in kilobytes: 300, unless the environment variable
-    /// `LUM_MMS_MAX_SIZE_KB` holds a positive number. The argument is not used.
+    /// `LUM_MMS_MAX_SIZE_KB` holds a positive decimal number
+    /// (2147483647 for a larger one). The argument is not used.
     static int getMaxiumMOMMSSize(int = 0);
 };
