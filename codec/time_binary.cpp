@@ -36,7 +36,7 @@ qint64 SecondsBinary::of(const QDateTime& time) {
     parts.tm_mon = date.month() - 1;
     parts.tm_year = date.year() - 1900;
     parts.tm_isdst = -1;
-    return mktime(&parts); // follows a change of the time zone, as tzset() does
+    return mktime(&parts); // begins with tzset()
 }
 
 unsigned char SecondsBinary::readFrom(LinearBuffer* buffer, unsigned int* out) {
@@ -75,7 +75,6 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, u
     unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (result != CODEC_READ)
         return result;
-    tzset(); // the time zone may have changed since the last message
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     *token = buffer->readByte();
@@ -89,6 +88,7 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, QDateTime* out) {
     const unsigned char result = readFrom(buffer, &token, &seconds);
     if (result != CODEC_READ)
         return result;
+    tzset(); // the time zone may have changed since the last message
     *out = token == ABSOLUTE ? QDateTime::fromSecsSinceEpoch(seconds)
                              : QDateTime::currentDateTime().addSecs(seconds);
     return result;

@@ -21,13 +21,13 @@ constexpr int deepestRecord = 16;
 MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart() = default;
 
 MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart& other)
-    : dispFileType_(other.dispFileType_), dispFileName_(other.dispFileName_),
+    : dispFileType_(other.dispFileType_), locationKey_(other.locationKey_),
+      locationIdKey_(other.locationIdKey_), idKey_(other.idKey_), dispFileName_(other.dispFileName_),
       contentType_(other.contentType_), subType_(other.subType_), charset_(other.charset_),
       description_(other.description_), contentLocation_(other.contentLocation_),
       contentId_(other.contentId_), contentXferEncoding_(other.contentXferEncoding_),
       extHeader_(other.extHeader_), partFlags_(other.partFlags_), bodyData_(other.bodyData_),
       refCount_(other.refCount_), boundary_(other.boundary_), support_(other.support_),
-      locationKey_(other.locationKey_), locationIdKey_(other.locationIdKey_), idKey_(other.idKey_),
       pixmap_(other.pixmap_), pixmapId_(other.pixmapId_) {
     for (const MMS_COMP_SMILMultipartBodypart* part : other.subBodies_)
         subBodies_.append(new MMS_COMP_SMILMultipartBodypart(*part));

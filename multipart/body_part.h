@@ -203,6 +203,9 @@ private:
 
     // texts begin empty, not null: a record tells the two apart
     int dispFileType_ = ORDINARY_PART;
+    quint32 locationKey_ = 0;   // loweredKey() of the location, of the bare id in it, of the bare id:
+    quint32 locationIdKey_ = 0; // most names differ in them. They stand next to the type, so that looking
+    quint32 idKey_ = 0;         // for a part touches one line of memory of each
     QString dispFileName_ = QStringLiteral("");
     QString contentType_ = QStringLiteral("");
     QString subType_ = QStringLiteral("");
@@ -218,9 +221,6 @@ private:
     QString boundary_ = QStringLiteral("");
     BodypartList subBodies_;
     MEDIA_SUPPORT support_ = SUPPORT_UNKNOWN;
-    quint32 locationKey_ = 0;   // loweredKey() of the location, of the bare id in it, of the bare id:
-    quint32 locationIdKey_ = 0; // most names differ in them
-    quint32 idKey_ = 0;
     std::optional<QPixmap> pixmap_; // a QPixmap aborts a program that has no application object
     int pixmapId_ = -1;
 

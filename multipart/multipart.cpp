@@ -134,6 +134,24 @@ MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getBodyPartBySrc(const Q
     return nullptr;
 }
 
+MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getContentBySrc(const QString& src) const {
+    if (src.isEmpty())
+        return nullptr;
+    const PartReference reference(src);
+    Part* linked = nullptr;
+    for (Part* part : parts_) {
+        const int type = part->getDispFileType();
+        if (type != Part::ORDINARY_PART && (type != Part::PRESENTATION_PART || linked))
+            continue;
+        if (!reference.means(*part))
+            continue;
+        if (type == Part::ORDINARY_PART)
+            return part;
+        linked = part;
+    }
+    return linked;
+}
+
 bool MMS_COMP_SMILMultipart::isPartExist(const QString& name) const {
     const PartReference reference(name);
     return !isUsableName(name) || std::any_of(parts_.begin(), parts_.end(), [&reference](const Part* part) {

@@ -70,6 +70,9 @@ public:
     /// The first part that matches `src` and has that display file type, or null. It stays the
     /// container's.
     MMS_COMP_SMILMultipartBodypart* getBodyPartBySrc(const QString& src, int fileType) const;
+    /// The part that a media element shows: the first that matches `src` among the ordinary parts, or else
+    /// among those that are linked already; null when there is none. It stays the container's.
+    MMS_COMP_SMILMultipartBodypart* getContentBySrc(const QString& src) const;
 
     /// The reference without an opening "<", a closing ">" and a leading "cid:".
     static QString parseCid(const QString& reference);

@@ -17,7 +17,6 @@ constexpr int LINKED = 0;
 constexpr int CONTENT_MISSING = 3;
 constexpr int ERR_NO_PARAM = -15;
 
-constexpr int ORDINARY_PART = MMS_COMP_SMILMultipartBodypart::ORDINARY_PART;
 /// The display file type that a part shares with the presentation part once an object uses it.
 constexpr int LINKED_PART = MMS_COMP_SMILMultipartBodypart::PRESENTATION_PART;
 
@@ -58,9 +57,7 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement* element, MMS_COMP_SMILM
 
     if (!multipart)
         multipart = multipart_;
-    MMS_COMP_SMILMultipartBodypart* part = multipart->getBodyPartBySrc(src_, ORDINARY_PART);
-    if (!part)
-        part = multipart->getBodyPartBySrc(src_, LINKED_PART);
+    MMS_COMP_SMILMultipartBodypart* part = multipart->getContentBySrc(src_);
     setData(part);
     if (!part)
         return CONTENT_MISSING;
