@@ -27,5 +27,6 @@ int main(int argc, char** argv) {
     if (!stored.readFromStream(in) || in.status() != QDataStream::Ok)
         return 1;
     qInfo() << stored.getDur() << "ms" << stored.getTextElem()->getData()->getBodyData().data();
+    stored.clear(); // the parts of a record are the reader's: this deletes them
     return 0;
 }

@@ -45,9 +45,12 @@ void look(const MMS_COMP_SMILData& data) {
         touched(data.getRegion(unsigned(i))->getId());
 }
 
+/// Parts that are made without a container, which are the maker's.
+using Homeless = std::vector<BodypartLink>;
+
 /// One edit. Objects and parts change hands and are deleted in every order that the interface allows.
 void edit(MMS_COMP_SMILData& data, MMS_COMP_SMILMultipart& body, MMS_COMP_SMILMultipart& other,
-          Choices& choices) {
+          Homeless& homeless, Choices& choices) {
     const int operation = choices.next(20);
     const int index = choices.next(8);
     const auto type = static_cast<MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE>(choices.next(7));
@@ -60,8 +63,12 @@ void edit(MMS_COMP_SMILData& data, MMS_COMP_SMILMultipart& body, MMS_COMP_SMILMu
             slide->updateData("text", src, type, "x", QByteArray("new"), index & 1, &body);
         break;
     case 1:
-        if (slide)
-            slide->updateData("text", src, type, "x", QByteArray(), index & 1, nullptr);
+        if (!slide)
+            break;
+        slide->updateData("text", src, type, "x", QByteArray(), index & 1, nullptr);
+        for (const Object* shown : *slide)
+            if (shown->getData() && !shown->getData()->getOwner())
+                homeless.push_back(shown->getData());
         break;
     case 2:
         delete body.getBodypartByIndex(index, true);
@@ -215,13 +222,17 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         require(reread == 0, "what is written can be read");
         requireSame(presentation, again);
     }
+    Homeless homeless;
     while (choices.hasMore())
-        edit(presentation, *body, other, choices);
+        edit(presentation, *body, other, homeless, choices);
     MMS_COMP_SMILParser::convertToSMILLang(&presentation);
     body.reset(); // the document outlives what it shows
     for (int i = 0; i < presentation.getTotalSlidesNum(); ++i)
         for (const Object* object : *presentation.getSlide(i))
             if (const Part* part = object->getData())
                 touched(part->getBodyData());
+    for (const BodypartLink& part : homeless)
+        if (part.get() && !part.get()->getOwner())
+            delete part.get();
     return 0;
 }

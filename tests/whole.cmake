@@ -18,6 +18,8 @@ foreach(library ${libraries})
              tests/symbols/${library}.txt WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endforeach()
 
+add_test(NAME floors COMMAND tests/floors/check qt2 platform util,codec multipart smil/model,wire smil/parser tools
+         WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 add_test(NAME readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/readme)
 if(LUM_BUILD_TOOLS)
     add_test(NAME completion COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/completion $<TARGET_FILE:lummms>)
