@@ -32,6 +32,7 @@ TEST_F(ComposeTest, EverythingAskedForIsThere) {
 TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
     const QString picture = write("p.png", "png");
     const QString large = write("large.jpg", QByteArray(301 * 1024, 'x'));
+    const QString half = write("half.jpg", QByteArray(200 * 1024, 'x')), empty = write("empty.jpg", "");
     const std::pair<QStringList, const char*> rows[] = {
         {{"--slide", "5", "text:a"}, "--to"},
         {{"--to", ""}, "empty"},
@@ -40,7 +41,7 @@ TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--to", "1"}, "nothing to send"},
         {{"--to", "1", "--slide", "0.0001s", "text:a"}, "0.0001s"},
         {{"--to", "1", "--slide", "1", "text: "}, "is empty"},
-        {{"--to", "1", "--slide", "1", write("empty.jpg", "")}, "is empty"},
+        {{"--to", "1", "--slide", "1", empty}, "is empty"},
         {{"--to", "1", "--subject", ""}, "is empty"},
         {{"--to", "1", "--subject", "a", "--kind", "letter"}, "send-conf, notification,"},
         {{"--kind", "notification", "--expiry", "60", "--size", "1"}, "--class, --content-location"},
@@ -67,6 +68,8 @@ TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--to", "1", "--slide", "5", write("x.zip", "PK")}, "--attach"},
         {{"--to", "1", "--slide", "5", write("l.txt", "\xE9t\xE9")}, "UTF-8"},
         {{"--to", "1", "--attach", large}, "the picture cannot be decoded"},
+        {{"--to", "1", "--attach", half, "--attach", half, "--attach", empty},
+         "half.jpg: the picture cannot"},
         {{"--to", "1", "stray"}, "stray"},
         {{"--to", "1", "--slide", "-5", "text:a"}, "'-5'"},
         {{"--to", "1", "--slide", "5", "-p.png"}, "'-p.png'"},
@@ -146,6 +149,12 @@ TEST_F(ComposeTest, EachKindCarriesItsFieldsAndNoOther) {
         EXPECT_TRUE(made.status == 0 && made.err.isEmpty()) << made.err.constData();
         const QJsonValue header = lummms({"show", "--json", "--phone", path("m.mms")}).json()["header"];
         EXPECT_EQ(header["messageType"].toInt(), type);
+        const QByteArray pdu = read("m.mms");
+        MMS_WIRE_Reader sent;
+        const bool isReport = type == MESSAGE_DELIVERY_IND; // written without a Message-ID, the version first
+        EXPECT_TRUE(sent.read(pdu) && sent.marks().isEmpty()) << kind.name;
+        EXPECT_EQ(sent.missingFields(), isReport ? QList<int>{FIELD_MESSAGE_ID} : QList<int>()) << kind.name;
+        EXPECT_EQ(sent.isFieldOrderCorrect(), !isReport) << kind.name;
         for (const auto& row : FIELDS) {
             if (order.count(row.field)) {
                 EXPECT_EQ(header[row.key], row.shown) << kind.name << ' ' << row.key;

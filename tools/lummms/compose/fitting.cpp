@@ -29,7 +29,7 @@ bool makeSmaller(Item& item) {
     QByteArray smaller;
     do {
         smaller = item.picture->next();
-    } while (smaller.size() >= item.octets.size());
+    } while (!smaller.isEmpty() && smaller.size() >= item.octets.size());
     if (smaller.isEmpty())
         return false;
     item.octets = smaller;
