@@ -106,7 +106,8 @@ void seedMessages() {
         const QByteArray name = "kind" + QByteArray::number(type);
         seed("header", name, encoded);
         seed("body", name, octets);
-        seed("message", name, encoded + octets);
+        const bool hasBody = type == MESSAGE_SEND_REQ || type == MESSAGE_RETRIEVE_CONF;
+        seed("message", name, hasBody ? encoded + octets : encoded);
     }
 }
 
