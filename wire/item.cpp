@@ -6,6 +6,7 @@
 
 #include <QDateTime>
 #include <QStringList>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <iterator>
@@ -46,7 +47,8 @@ QString isoTime(quint64 seconds) {
     constexpr quint64 lastSecond = 253402300799;
     if (seconds > lastSecond)
         return QString();
-    return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds), Qt::UTC).toString(Qt::ISODate);
+    return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds), QTimeZone::utc())
+        .toString(Qt::ISODate);
 }
 
 QString asText(const char* word) {

@@ -81,6 +81,20 @@ std::optional<QString> shownXml(const QByteArray& octets) {
     return declaredText;
 }
 
+/// Builds the tree of a QString, or of the octets of a file; false, and the place of the error, for one that
+/// is not well-formed.
+template <typename Text>
+bool setContent(QDomDocument& document, const Text& smil, int* line, int* column) {
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0) // what stands below is deprecated since
+    const QDomDocument::ParseResult result = document.setContent(smil);
+    *line = static_cast<int>(result.errorLine);
+    *column = static_cast<int>(result.errorColumn);
+    return static_cast<bool>(result);
+#else
+    return document.setContent(smil, nullptr, line, column);
+#endif
+}
+
 bool isMissing(const QDomElement* element) {
     return !element || element->isNull();
 }
@@ -138,7 +152,7 @@ int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body
     if (const int result = checkXmlLimits(*smil))
         return result;
     QDomDocument document;
-    const bool wellFormed = document.setContent(octets, nullptr, &errorLine_, &errorColumn_);
+    const bool wellFormed = setContent(document, octets, &errorLine_, &errorColumn_);
     return parseDocument(document, wellFormed, body, data);
 }
 
@@ -157,7 +171,7 @@ int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* 
     if (const int result = checkXmlLimits(smil))
         return result;
     QDomDocument document;
-    const bool wellFormed = document.setContent(smil, nullptr, &errorLine_, &errorColumn_);
+    const bool wellFormed = setContent(document, smil, &errorLine_, &errorColumn_);
     return parseDocument(document, wellFormed, body, data);
 }
 
