@@ -79,12 +79,16 @@ int MMS_COMP_SMILMultipartBodypart::setContentLocation(const QString& location) 
     const PartReference reference(location);
     locationKey_ = reference.textKey();
     locationIdKey_ = reference.idKey();
+    if (owner_)
+        owner_->forgetIndex();
     return 0;
 }
 
 int MMS_COMP_SMILMultipartBodypart::setContentID(const QString& id) {
     contentId_ = id;
     idKey_ = loweredKey(bareContentId(QStringView(id).trimmed()));
+    if (owner_)
+        owner_->forgetIndex();
     return 0;
 }
 

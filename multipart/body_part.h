@@ -192,6 +192,7 @@ public:
 private:
     friend class BodypartLink;
     friend class BodypartList;  // alone tells a part who owns it
+    friend class PartIndex;     // sorts names by their keys
     friend class PartReference; // compares names by their keys, and without copying them
 
     /// Hands the part to another list (null: to the caller); the former one forgets it.

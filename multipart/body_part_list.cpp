@@ -1,6 +1,7 @@
 #include "multipart/body_part_list.h"
 
 #include "multipart/body_part.h"
+#include "multipart/part_index.h"
 
 BodypartList::BodypartList() {
     parts_.setAutoDelete(true);
@@ -8,6 +9,19 @@ BodypartList::BodypartList() {
 
 BodypartList::~BodypartList() {
     clear();
+}
+
+const PartIndex* BodypartList::index() const {
+    constexpr int fewParts = 64;
+    constexpr int fewSearches = 16; // an index costs about as much
+    if (count() > fewParts && !index_ && ++searches_ > fewSearches)
+        index_ = std::make_unique<PartIndex>(parts_);
+    return index_.get();
+}
+
+void BodypartList::forgetIndex() {
+    index_.reset();
+    searches_ = 0;
 }
 
 bool BodypartList::append(MMS_COMP_SMILMultipartBodypart* part) {
@@ -18,6 +32,7 @@ bool BodypartList::insert(int index, MMS_COMP_SMILMultipartBodypart* part) {
     if (!part)
         return false;
     part->setOwner(this); // takes it out of this very list, too, if it is in it
+    forgetIndex();
     return parts_.insert(index >= 0 && index < count() ? index : count(), part);
 }
 
@@ -35,9 +50,11 @@ bool BodypartList::remove(int index) {
 }
 
 void BodypartList::clear() {
+    forgetIndex();
     parts_.clear(); // empty by the time that the first part is deleted and leaves it
 }
 
 void BodypartList::disown(MMS_COMP_SMILMultipartBodypart* part) {
+    forgetIndex();
     parts_.take(parts_.indexOf(part));
 }

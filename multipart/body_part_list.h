@@ -3,7 +3,11 @@
 #include "platform/export.h"
 #include "qt2/qptrlist.h"
 
+#include <memory>
+
+class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
+class PartIndex;
 
 /// The body parts of a container, or the sub-bodies of a part: a list that owns its parts.
 ///
@@ -43,6 +47,13 @@ private:
     friend class MMS_COMP_SMILMultipartBodypart;
     /// The part is being deleted, or another list takes it over: forgets it without deleting it.
     void disown(MMS_COMP_SMILMultipartBodypart* part);
+    /// Parts or their names changed.
+    void forgetIndex();
+    friend class MMS_COMP_SMILMultipart;
+    /// For one more search by name: the sorted names of many parts that are searched often, or null.
+    const PartIndex* index() const;
 
     QPtrList<MMS_COMP_SMILMultipartBodypart> parts_;
+    mutable std::unique_ptr<PartIndex> index_;
+    mutable int searches_ = 0; // since parts or names changed
 };

@@ -1,5 +1,6 @@
 #include "multipart/multipart.h"
 
+#include "multipart/part_index.h"
 #include "multipart/part_names.h"
 #include "multipart/part_reference.h"
 #include "util/lowered.h"
@@ -128,6 +129,8 @@ MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getBodyPartBySrc(const Q
     if (src.isEmpty())
         return nullptr;
     const PartReference reference(src);
+    if (const PartIndex* index = parts_.index())
+        return index->find(reference, fileType);
     for (Part* part : parts_)
         if (part->getDispFileType() == fileType && reference.means(*part))
             return part;
@@ -138,6 +141,10 @@ MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getContentBySrc(const QS
     if (src.isEmpty())
         return nullptr;
     const PartReference reference(src);
+    if (const PartIndex* index = parts_.index()) {
+        Part* ordinary = index->find(reference, Part::ORDINARY_PART);
+        return ordinary ? ordinary : index->find(reference, Part::PRESENTATION_PART);
+    }
     Part* linked = nullptr;
     for (Part* part : parts_) {
         const int type = part->getDispFileType();

@@ -37,6 +37,39 @@ TEST(Multipart, FindsPartsByReferenceAndKind) {
     EXPECT_TRUE(!body.getBodyPartBySrc("<a.jpg", 0) && !body.getBodyPartBySrc("", 1));
 }
 
+TEST(Multipart, FindsPartsAmongManyAsAmongFew) {
+    MMS_COMP_SMILMultipart many; // searched so often that their names are sorted
+    QList<Part*> parts;
+    for (int i = 0; i < 300; ++i) {
+        parts += addPart(many, i % 3 ? QString::number(i % 100) : QString(), i % 2);
+        parts.last()->setContentID(i % 5 ? QStringLiteral("<Id%1>").arg(i % 70) : QString());
+    }
+    const auto expectFound = [&] {
+        for (int i = 0; i < 100; ++i)
+            for (const QString& src :
+                 {QString::number(i), QStringLiteral("cid:id%1").arg(i), QString("<>")}) {
+                const auto meant = std::find_if(parts.begin(), parts.end(), [&](const Part* part) {
+                    return part->getDispFileType() == i % 2 &&
+                           (part->getContentLocation() == src ||
+                            MMS_COMP_SMILMultipart::isCidEqual(part->getContentID(), src));
+                });
+                EXPECT_EQ(many.getBodyPartBySrc(src, i % 2), meant == parts.end() ? nullptr : *meant) << i;
+            }
+    };
+    expectFound();
+    parts[7]->setContentLocation("8");
+    parts[8]->setContentID("id9");
+    expectFound();
+    parts[2]->setDispFileType(1);
+    EXPECT_EQ(many.deletePart(4), 0);
+    parts.removeAt(4);
+    expectFound();
+    delete parts.takeAt(9);
+    many.insertBodypart(parts.last(), 0);
+    parts.prepend(parts.takeLast());
+    expectFound();
+}
+
 TEST(Multipart, PartsGoWhereTheyAreInserted) {
     MMS_COMP_SMILMultipart body, other;
     const std::pair<const char*, int> inserted[] = {{"a", 7}, {"b", -3}, {"c", 1}, {"d", 3}, {"e", 0}};
