@@ -20,11 +20,14 @@ endforeach()
 
 add_test(NAME floors COMMAND tests/floors/check qt2 platform util,codec multipart smil/model,wire smil/parser tools
          WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
-add_test(NAME readme COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/readme)
+set(readme ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/readme)
 if(LUM_BUILD_TOOLS)
     add_test(NAME completion COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/completion $<TARGET_FILE:lummms>)
+    add_test(NAME readme COMMAND ${readme} $<TARGET_FILE:lummms>)
     add_test(NAME man_page COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/man_page $<TARGET_FILE:lummms>
              ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms)
+else()
+    add_test(NAME readme COMMAND ${readme})
 endif()
 
 # a program that is built without the sanitizers cannot use libraries that are built with them
