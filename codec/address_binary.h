@@ -5,17 +5,17 @@
 
 class LinearBuffer;
 
-/// One address as an Encoded-string-value. A phone number carries the suffix "/TYPE=PLMN" on the
-/// wire and none in the entry.
+/// One address as an Encoded-string-value. A phone number has the suffix "/TYPE=PLMN" on the wire, but not in
+/// the entry.
 class LUM_EXPORT AddressBinary {
 public:
-    /// A number with the suffix or a text without "@" is of type PLMN. A text with "@" is of type
-    /// EMAIL; "name <address>" is split before the "<", so that the name keeps its blank. CODEC_MALFORMED
-    /// when the input ends first; `out` then holds what was there, if anything was.
+    /// A text with the suffix, or without "@", becomes type PLMN; a text with "@" becomes type EMAIL.
+    /// "name <address>" is split before the "<": the name keeps its trailing blank. CODEC_MALFORMED when the
+    /// input ends first; `out` then holds what was read, if anything was.
     static unsigned char readFrom(LinearBuffer* buffer, MMS_UTIL_Entry* out);
-    /// Writes the address without its display name, with a charset only when it is not plain ASCII or begins
-    /// with a control character. CODEC_WRITTEN; CODEC_REFUSED, and nothing written, for an address of neither
-    /// type.
+    /// Writes the address without its display name. It has a charset only if it is not plain ASCII or begins
+    /// with a control character. CODEC_WRITTEN; CODEC_REFUSED for an address of neither type, which writes
+    /// nothing.
     static unsigned char writeTo(LinearBuffer* buffer, const MMS_UTIL_Entry& entry);
     /// Octets that writeTo() writes.
     static int sizeOf(const MMS_UTIL_Entry& entry);

@@ -3,17 +3,16 @@
 #include "codec/field_base.h"
 #include "platform/utility/msg_header_base.h"
 
-/// Content-Type, 0x84: the type of the body, which follows this field at once.
+/// Content-Type, 0x84: the type of the body, which begins right behind this field.
 ///
-/// Of the parameters "type" and "start" (of a related multipart), "Application-ID",
-/// "Reply-To-Application-ID" and, when reading, "DistributionIndicator" are known; others are passed
-/// over. The media type is read and written as its assigned number alone: one that is spelt out is not
-/// understood, and one without a number goes out as 0xFF. The value itself is offered as an encoding of
-/// its own, too.
+/// Known parameters are "type" and "start" (of a related multipart), "Application-ID",
+/// "Reply-To-Application-ID" and, when reading, "DistributionIndicator"; others are skipped. The media type
+/// is read and written as its assigned number only: a media type in letters is not understood, and one
+/// without a number is written as 0xFF. The static functions encode and decode the value alone.
 class LUM_EXPORT ContentTypeField final : public FieldBase {
 public:
-    /// The value of one parameter in a parameter text: what follows "type=" up to the next ";". A null
-    /// text when it is absent. The key is also found at the end of a longer name.
+    /// The value of "type" in a parameter text: what follows "type=" up to the next ";", also at the end of
+    /// a longer name. A null text when it is absent.
     static QString mprtOf(const QString& params);
     /// The same for "start=".
     static QString startOf(const QString& params);
@@ -22,11 +21,11 @@ public:
     /// The same for "Reply-To-Application-ID=".
     static QString replyAppIDOf(const QString& params);
 
-    /// Reads the value into type, sub-type and parameters; parameters stay as they are when the value
-    /// has none that are known. CODEC_MALFORMED when the input ends inside it; type and sub-type may
-    /// be set by then.
+    /// Reads the value into type, sub-type and parameters. Without a known parameter in the value, the
+    /// parameters stay as they are. CODEC_MALFORMED when the input ends inside the value; type and sub-type
+    /// may be set by then.
     static unsigned char readFrom(LinearBuffer* buffer, MMS_CONTENT_TYPE_T* out);
-    /// Writes the field code and the value. Answers CODEC_WRITTEN.
+    /// Writes the field code and the value. Always CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, const MMS_CONTENT_TYPE_T& contentType);
     /// Octets of the value, the field code not counted.
     static int sizeOf(const MMS_CONTENT_TYPE_T& contentType);

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Header field codes (MMS encapsulation, section 7.3, table 8). On the wire a code stands as a
-/// Short-integer: 0x80 | code.
+/// Header field codes (MMS encapsulation, section 7.3, table 8). On the wire a code is a Short-integer:
+/// 0x80 | code.
 /// @ingroup header
 enum FIELD_CODE : int {
     FIELD_BCC = 1,
@@ -31,8 +31,8 @@ enum FIELD_CODE : int {
     FIELD_DISTRIBUTION_INDICATOR = 49,
 };
 
-/// The place of a field in the presence word, counted from 1: its code, but 25 for the distribution
-/// indicator, whose code 49 the word has no bit for.
+/// The number of a field's bit in the presence word, counted from 1: its code, or 25 for the distribution
+/// indicator, because the word has no bit 49.
 constexpr int presenceSlot(int code) {
     return code == FIELD_DISTRIBUTION_INDICATOR ? 25 : code;
 }

@@ -3,16 +3,15 @@
 #include "codec/field_base.h"
 #include "codec/field_code.h"
 
-/// What is to be known of one header field.
+/// One row of the table of header fields.
 struct HeaderField {
-    FIELD_CODE code;  ///< the code of the table's row
+    FIELD_CODE code;  ///< the field code
     const char* name; ///< such as "Message-Type"
-    /// The codec that reads and writes the field; the table's.
+    /// The codec of the field; owned by the table.
     const FieldBase* codec;
     /// A new codec of the same kind; the caller deletes it.
     FieldBase* (*create)();
 };
 
-/// The row of the field-code table for a code; null for a code that is not in it. The table is the
-/// library's.
+/// The row of a field code; null for an unknown code. The library owns the table.
 LUM_EXPORT const HeaderField* headerField(int code);

@@ -5,7 +5,7 @@
 
 #include <span>
 
-/// The kinds of PDU, by the octet of the Message-Type field (MMS encapsulation, WAP-209, section 7.2.16).
+/// PDU types: the octet of the Message-Type field (MMS encapsulation, WAP-209, section 7.2.16).
 /// @ingroup header
 enum MESSAGE_TYPE : unsigned char {
     MESSAGE_SEND_REQ = 128,
@@ -17,13 +17,13 @@ enum MESSAGE_TYPE : unsigned char {
     MESSAGE_DELIVERY_IND = 134,
 };
 
-/// What is to be known of one kind of PDU.
+/// One row of the table of PDU types.
 struct MessageKind {
     MESSAGE_TYPE type;              ///< the octet of Message-Type
     const char* name;               ///< such as "m-send-req"
-    std::span<const int> order;     ///< the field codes it is written with, in this order
-    std::span<const int> mandatory; ///< the fields a received one must have
+    std::span<const int> order;     ///< the field codes it is written with, in order
+    std::span<const int> mandatory; ///< the fields that a received one must have
 };
 
-/// The row for a Message-Type octet; null for a type that is not known. The table is the library's.
+/// The row of a Message-Type octet; null for an unknown type. The library owns the table.
 LUM_EXPORT const MessageKind* messageKind(unsigned char type);

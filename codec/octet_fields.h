@@ -5,7 +5,7 @@
 
 // The header fields of one octet, and the two numbers MMS-Version and Message-Size.
 
-/// What the fields of one octet have in common: code and octet are written, the octet is read.
+/// A field whose value is one octet.
 class LUM_EXPORT OctetField : public FieldBase {
 public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const final;
@@ -14,13 +14,13 @@ public:
 
 private:
     virtual FIELD_CODE code() const = 0;
-    /// Takes the octet over into the message and marks the field present.
+    /// Stores the octet in the message and marks the field present.
     virtual void store(MMS_UA_UAMsg* msg, unsigned char octet) const = 0;
-    /// The octet that stands for the message's value.
+    /// The octet for the value in the message.
     virtual unsigned char octetOf(const MMS_UA_UAMsg* msg) const = 0;
 };
 
-/// A field whose octet is kept in the message as it was read.
+/// A field whose octet is stored unchanged.
 template <FIELD_CODE fieldCode, unsigned char MMS_UA_UAMsg::*member>
 class StoredOctetField : public OctetField {
     FIELD_CODE code() const override { return fieldCode; }
@@ -31,8 +31,8 @@ class StoredOctetField : public OctetField {
     unsigned char octetOf(const MMS_UA_UAMsg* msg) const override { return msg->*member; }
 };
 
-/// A field of two values: the octet 128 sets the message's flag, any other clears it. `whenSet` is
-/// what is written for a set flag; the other of 128 and 129 is written for a clear one.
+/// A field of two values: the octet 128 sets the message's flag, any other clears it. A set flag is written
+/// as `whenSet`, a clear flag as the other of 128 and 129.
 template <FIELD_CODE fieldCode, auto getter, auto setter, unsigned char whenSet = 128>
 class FlagField : public OctetField {
     FIELD_CODE code() const override { return fieldCode; }
@@ -67,8 +67,8 @@ class LUM_EXPORT ReadReplyField final
 class LUM_EXPORT ReportAllowedField final
     : public FlagField<FIELD_REPORT_ALLOWED, &MMS_UA_UAMsg::getReportAllowed,
                        &MMS_UA_UAMsg::setReportAllowed> {};
-/// Sender-Visibility, 0x94: 128 Hide, 129 Show. Deliberately lopsided: reading Hide sets the flag, and
-/// a set flag is written as Show.
+/// Sender-Visibility, 0x94: 128 Hide, 129 Show. Deliberately asymmetric: reading Hide sets the flag, and a
+/// set flag is written as Show.
 class LUM_EXPORT SenderVisibilityField final
     : public FlagField<FIELD_SENDER_VISIBILITY, &MMS_UA_UAMsg::getSenderVisibility,
                        &MMS_UA_UAMsg::setSenderVisibility, 129> {};
@@ -80,14 +80,14 @@ class LUM_EXPORT PriorityField final : public OctetField {
     unsigned char octetOf(const MMS_UA_UAMsg* msg) const override;
 };
 
-/// MMS-Version, 0x8D: kept without its top bit, written as a Short-integer.
+/// MMS-Version, 0x8D: stored without its top bit, written as a Short-integer.
 class LUM_EXPORT VersionField final : public OctetField {
     FIELD_CODE code() const override;
     void store(MMS_UA_UAMsg* msg, unsigned char octet) const override;
     unsigned char octetOf(const MMS_UA_UAMsg* msg) const override;
 };
 
-/// Message-Size, 0x8E: octets as an integer. A size of 0 is read over and leaves the field absent.
+/// Message-Size, 0x8E: octets as an integer. A received size of 0 leaves the field absent.
 class LUM_EXPORT MsgSizeField final : public FieldBase {
 public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;
@@ -95,7 +95,7 @@ public:
     int fieldSize(MMS_UA_UAMsg* msg) const override;
 };
 
-/// Distribution-Indicator, 0xB1: 128 Yes, 129 No. Only read: it writes nothing and takes no octets.
+/// Distribution-Indicator, 0xB1: 128 Yes, 129 No. Only read: it is never written and has size 0.
 class LUM_EXPORT DistributionIndField final : public FieldBase {
 public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;

@@ -10,12 +10,12 @@
 
 // The header fields whose value is a text.
 
-/// A text in the encoding of `Codec`. It is stored also when the input ends inside it; an empty one
-/// leaves the field absent.
+/// A text in the encoding of `Codec`. A text that the input cuts off is stored as far as it goes; an empty
+/// one leaves the field absent.
 template <FIELD_CODE fieldCode, typename Codec, auto getter, auto setter>
 class TextField : public FieldBase {
 public:
-    /// Reads the text and hands it to the message, which leaves an empty one out.
+    /// Reads the text and passes it to the setter, which ignores an empty one.
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override {
         QString text;
         const unsigned char result = Codec::readFrom(buffer, &text);

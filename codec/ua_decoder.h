@@ -8,20 +8,20 @@ class MMS_UA_UAMsg;
 /// Reads the header of an MMS PDU.
 class LUM_EXPORT MMS_UA_Decoder {
 public:
-    /// Reads fields from `length` octets at `data` into `msg` until the input ends or Content-Type has
-    /// been read, and sets the message's bodyStart and bodyLength to what follows. The octets stay
-    /// the caller's and are needed as long as bodyStart is used.
+    /// Reads fields from `length` octets at `data` into `msg`, up to the end of the input or the end of
+    /// Content-Type, and sets bodyStart and bodyLength to what follows. The caller owns the octets and keeps
+    /// them while bodyStart is in use. `length` is not changed.
     ///
-    /// Fields are added to what the message has already, recipients to its lists. A field whose code is
-    /// not known, or that is given by its name (but for the distribution indicator), is passed over as two
-    /// texts up to their zeros, which may take its neighbours with it. `length` is not changed.
+    /// Fields are added to those already in `msg`, recipients to its lists. A field of an unknown code, or
+    /// one given by its name (except the distribution indicator), is skipped as two zero-terminated texts,
+    /// which may skip the fields behind it as well.
     ///
-    /// CODEC_READ; CODEC_NO_MESSAGE when `msg` is null; CODEC_MALFORMED when the input ends inside a
-    /// field, or a field does not hold what it should: the message keeps the fields read by then and has no
-    /// body. Whether mandatory fields are there and in order is for the message to tell
-    /// (MMS_UA_UAMsg::mandatoryFldsPresentInPDU(), pduOrderCheck()).
+    /// Returns CODEC_READ; CODEC_NO_MESSAGE when `msg` is null; CODEC_MALFORMED when the input ends inside a
+    /// field or a value is invalid: `msg` then has the fields read before, and no body. The decoder does not
+    /// check for mandatory fields and their order: see MMS_UA_UAMsg::mandatoryFldsPresentInPDU() and
+    /// MMS_UA_UAMsg::pduOrderCheck().
     unsigned char decodeHeader(unsigned char* data, unsigned int& length, MMS_UA_UAMsg* msg);
 
-    /// A new codec for a field code, which the caller deletes; null for a code that has none.
+    /// A new codec for a field code; null for a code that has none. The caller deletes it.
     FieldBase* selectReader(int code);
 };

@@ -14,18 +14,18 @@ class QDataStream;
 class RecordReader;
 class RecordWriter;
 
-/// One part of a message body: its MIME headers, its payload, and its sub-bodies when it was received as
-/// a body within the body.
+/// One part of a message body: MIME headers, payload, and sub-bodies if it was received as a body within the
+/// body.
 ///
-/// Type, charset, Content-Location, Content-ID and payload travel with a message; the rest is for the
-/// phone and its records.
+/// Type, charset, Content-Location, Content-ID and payload are sent with a message; the other fields are for
+/// the phone and its records.
 ///
-/// The set operations of the plain fields answer 0, always. A part that is deleted leaves the
-/// container or part that holds it.
+/// Setters that return int always return 0, unless their comment says otherwise. Deleting a part removes it
+/// from the container or part that owns it.
 class LUM_EXPORT MMS_COMP_SMILMultipartBodypart {
 public:
-    /// Whether the device can show or play a part. Only 0 is known here; what the other numbers mean
-    /// is the caller's affair.
+    /// Whether the device can show or play a part. The library uses 0 only; other numbers have the meaning
+    /// that the program gives them.
     enum MEDIA_SUPPORT : int { SUPPORT_UNKNOWN = 0 };
 
     /// Bits of the part flags.
@@ -43,15 +43,15 @@ public:
     static constexpr int ERR_NO_MEMORY = -15;
 
     MMS_COMP_SMILMultipartBodypart();
-    /// A copy that nobody owns yet. The payload is shared (see QArray), the sub-bodies are copied in
-    /// the same way, and everything else is taken over, the reference count included.
+    /// A copy without an owner. It shares the payload (see QArray), copies the sub-bodies in the same way,
+    /// and has the values of all other fields, the reference count included.
     MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart& other);
     MMS_COMP_SMILMultipartBodypart& operator=(const MMS_COMP_SMILMultipartBodypart&) = delete;
-    /// Deletes the sub-bodies, leaves the owner and empties every BodypartLink to this part.
+    /// Deletes the sub-bodies, removes the part from its owner and resets every BodypartLink to it.
     ~MMS_COMP_SMILMultipartBodypart();
 
-    /// A DISP_FILE_TYPE, which media objects and containers set as they refer to the part, or a number of
-    /// the caller's; 1 in a new part.
+    /// A DISP_FILE_TYPE, set by media objects and containers that refer to the part, or a number of the
+    /// program's own; 1 in a new part.
     int getDispFileType() const { return dispFileType_; }
     /// Sets the number.
     int setDispFileType(int type);
@@ -60,16 +60,16 @@ public:
     /// Sets the file name to show.
     int setDispFileName(const QString& name);
 
-    /// Top-level MIME type alone, such as "image".
+    /// Top-level MIME type, such as "image".
     QString getContentType() const { return contentType_; }
     /// Also resets the support to 0.
     int setContentType(const QString& type);
-    /// MIME sub-type alone, such as "jpeg".
+    /// MIME sub-type, such as "jpeg".
     QString getSubType() const { return subType_; }
     /// Name of the charset of a text; empty in a new part and in one that was received.
     QString getCharset() const { return charset_; }
-    /// Sets the name of the charset. Plain text without one is sent as UTF-8, which payloads are in; one with
-    /// any, "utf-8" included, is sent as US-ASCII.
+    /// Sets the name of the charset. Plain text without a charset is labelled UTF-8 when it is sent, which
+    /// payloads are in; with any charset, "utf-8" included, it is labelled US-ASCII.
     int setCharset(const QString& charset);
     /// Content-Description.
     QString getDescription() const { return description_; }
@@ -109,8 +109,8 @@ public:
     /// Sets whether the device can show or play the part.
     int setSupport(MEDIA_SUPPORT support);
 
-    /// A picture kept for the caller, never stored in a record. A null pixmap when none was set;
-    /// like every QPixmap that then needs a QGuiApplication to be running.
+    /// A picture for the program's own use, never stored in a record. A null pixmap when none was set, which
+    /// like every QPixmap needs a running QGuiApplication.
     QPixmap getPixmap() const;
     /// Keeps a picture.
     void setPixmap(const QPixmap& pixmap) { pixmap_ = pixmap; }
@@ -126,8 +126,8 @@ public:
     /// The text right of the last "/"; empty when there is no "/".
     static QString getSubTypePartFromFormat(const QString& format);
 
-    /// The same fields by the phone's code numbers (EMAIL_Util). The set operations give false, and
-    /// change nothing, for an unknown code; the get operations -1 for an unknown name.
+    /// Type, sub-type, charset and transfer encoding by the code numbers of EMAIL_Util. Setters return false,
+    /// and change nothing, for an unknown code; getters return -1 for an unknown name.
     bool setContentType(int code);
     /// The code of the top-level type.
     int getContentTypeByCode() const;
@@ -146,7 +146,7 @@ public:
     /// Sets the sub-type ("3gp" in any case becomes "3gpp") and resets the support. Always true.
     bool setContentSubType(const QString& subType);
 
-    /// The payload of this part alone. Other arrays may share it.
+    /// The payload of this part, without sub-bodies. Other arrays may share it.
     QArray<char>& getBodyData() { return bodyData_; }
     /// The same for reading.
     const QArray<char>& getBodyData() const { return bodyData_; }
@@ -158,21 +158,21 @@ public:
     /// Octets of this part and all its sub-bodies together, INT_MAX if there are more.
     int getBodyDataLen() const;
 
-    /// Writes the payload to a file in the temporary directory, named after the display file name
-    /// or, failing that, the last step of the Content-Location, and stores the file's path in `path`.
+    /// Writes the payload to a file in the temporary directory, named after the display file name or, without
+    /// one, the last step of the Content-Location, and stores the file's path in `path`.
     ///
     /// An existing file is overwritten. False, with `path` untouched, when the payload is empty;
     /// false, with the path that was tried, when the file cannot be written, in which case one that was
     /// there is removed, or would not be a regular file below the temporary directory.
     bool saveBodyDataToFile(QString& path) const;
 
-    /// Number of sub-bodies, their own not counted.
+    /// Number of sub-bodies, without their own sub-bodies.
     int getSubBodyCount() const { return subBodies_.count(); }
-    /// The i-th sub-body, or null when out of range. It stays the part's.
+    /// The i-th sub-body, or null when out of range. This part owns it.
     MMS_COMP_SMILMultipartBodypart* getSubBody(unsigned int i) const;
-    /// Takes `part` over as sub-body number `index`, before the one that was there, or as the last one
-    /// for any index at which there is none yet. False, and the caller keeps it, for null and for a part that
-    /// holds this one.
+    /// Takes over `part` as sub-body number `index`, before the one that was there, or as the last one if
+    /// there is none at `index`. False, and the caller keeps it, for null and for a part that contains this
+    /// one.
     bool setSubBody(MMS_COMP_SMILMultipartBodypart* part, int index);
     /// Deletes the i-th sub-body; false when out of range.
     bool rmSubBody(unsigned int i);
@@ -186,7 +186,7 @@ public:
     /// Writes the part as a record: always true. Whether it arrived, the stream's status tells.
     bool writeToStream(QDataStream& stream) const;
 
-    /// The list that deletes this part; null when it is for whoever made it or read it.
+    /// The list that deletes this part; null when the program that made or read the part does.
     BodypartList* getOwner() const { return owner_; }
 
 private:

@@ -4,27 +4,27 @@
 
 class MMS_COMP_SMILMultipartBodypart;
 
-/// Points at a body part without owning it, and notices when the part is deleted.
+/// A pointer to a body part that becomes null when the part is deleted. It does not own the part.
 ///
-/// The part keeps a chain of the links to it, so that making one allocates nothing.
+/// Each part keeps a chain of the links to it, so that a link allocates nothing.
 class LUM_EXPORT BodypartLink {
 public:
-    /// Points at nothing.
+    /// A null link.
     BodypartLink() = default;
-    /// Points at `part`, which may be null.
+    /// A link to `part`, which may be null.
     BodypartLink(MMS_COMP_SMILMultipartBodypart* part) { pointAt(part); }
-    /// Points at the same part.
+    /// A link to the same part.
     BodypartLink(const BodypartLink& other) { pointAt(other.part_); }
-    /// Points at what the other points at.
+    /// Links to the other's part.
     BodypartLink& operator=(const BodypartLink& other) {
         pointAt(other.part_);
         return *this;
     }
     ~BodypartLink() { pointAt(nullptr); }
 
-    /// The part; null once it has been deleted, or when there never was one.
+    /// The part; null when there is none, or after it was deleted.
     MMS_COMP_SMILMultipartBodypart* get() const { return part_; }
-    /// Points at another part, or with null at nothing.
+    /// Links to another part, or to none with null.
     void pointAt(MMS_COMP_SMILMultipartBodypart* part);
 
 private:

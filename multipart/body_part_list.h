@@ -9,10 +9,10 @@ class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
 class PartIndex;
 
-/// The body parts of a container, or the sub-bodies of a part: a list that owns its parts.
+/// A list that owns its body parts: the parts of a container, or the sub-bodies of a part.
 ///
-/// A part belongs to one owner at a time. Adding it here takes it out of wherever it was, and a part
-/// that somebody deletes leaves the list at once. Null is refused.
+/// A part has one owner at a time. Adding it removes it from its former owner; deleting it removes it from
+/// the list. Null is refused.
 class LUM_EXPORT BodypartList final {
 public:
     BodypartList();
@@ -25,20 +25,20 @@ public:
     int count() const { return parts_.count(); }
     /// Whether there is no part.
     bool isEmpty() const { return parts_.isEmpty(); }
-    /// The part at `index`, or null when out of range. The list keeps it.
+    /// The part at `index`, or null when out of range. The list owns it.
     MMS_COMP_SMILMultipartBodypart* at(int index) const { return parts_.at(index); }
     /// The first part, for loops.
     QPtrList<MMS_COMP_SMILMultipartBodypart>::const_iterator begin() const { return parts_.begin(); }
     /// Behind the last part.
     QPtrList<MMS_COMP_SMILMultipartBodypart>::const_iterator end() const { return parts_.end(); }
 
-    /// Adds the part at the end and takes it over. False for null.
+    /// Appends the part and takes it over. False for null.
     bool append(MMS_COMP_SMILMultipartBodypart* part);
     /// The same, before the part at `index`; an index outside the list means its end.
     bool insert(int index, MMS_COMP_SMILMultipartBodypart* part);
-    /// Takes the part out without deleting it: it is the caller's now. Null when out of range.
+    /// Removes the part without deleting it: the caller owns it then. Null when out of range.
     MMS_COMP_SMILMultipartBodypart* take(int index);
-    /// Takes the part out and deletes it. False when out of range.
+    /// Deletes the part. False when out of range.
     bool remove(int index);
     /// Deletes all parts.
     void clear();

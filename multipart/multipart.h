@@ -21,7 +21,7 @@ public:
 
     /// An empty related body, "application/vnd.wap.multipart.related" of "application/smil".
     MMS_COMP_SMILMultipart();
-    /// What copyFrom() makes of an otherwise empty container.
+    /// An empty container after copyFrom(`other`).
     MMS_COMP_SMILMultipart(const MMS_COMP_SMILMultipart& other);
     MMS_COMP_SMILMultipart& operator=(const MMS_COMP_SMILMultipart&) = delete;
     /// Deletes the parts.
@@ -37,7 +37,7 @@ public:
     void setMimeType(const QString& type) { mimeType_ = type; }
     /// The "start" parameter: the reference of the presentation part.
     QString getStart() const { return start_; }
-    /// Stores the reference and marks the ordinary part it refers to as presentation part.
+    /// Sets the reference, and marks the ordinary part that it refers to as presentation part.
     void setStart(const QString& start);
     /// All other parameters of the content type, as one text; null in a new container.
     QString getOtherContentTypeParam() const { return otherContentTypeParam_; }
@@ -50,25 +50,23 @@ public:
 
     /// Number of parts, sub-bodies not counted.
     int getPartCount() const { return parts_.count(); }
-    /// Adds the part at the end and takes it over: 0, or ERR_INSERT for null.
+    /// Appends the part and takes it over: 0, or ERR_INSERT for null.
     int appendBodypart(MMS_COMP_SMILMultipartBodypart* part);
-    /// Takes the part over and puts it before the one at `index`, in front for an index below 1 and
-    /// at the end for one that is too large: 0, or ERR_INSERT for null.
+    /// Inserts the part before the one at `index` and takes it over; an index below 1 means the front, one
+    /// that is too large the end. 0, or ERR_INSERT for null.
     int insertBodypart(MMS_COMP_SMILMultipartBodypart* part, int index);
-    /// The part at `index`, or null. With `take` it leaves the container and is the caller's.
+    /// The part at `index`, or null. With `take` it is removed, and the caller owns it.
     MMS_COMP_SMILMultipartBodypart* getBodypartByIndex(int index, bool take);
-    /// Drops one reference to the part at `index`, and deletes the part with the last: 0, or
-    /// ERR_NO_PART.
+    /// Drops one reference to the part at `index`; the part is deleted with the last one. 0, or ERR_NO_PART.
     int deletePart(int index);
     /// Drops references to the parts that match `src`: all parts up to the first one that has
     /// further references are deleted, that one loses a reference. 0 (also without a match), or
     /// ERR_NO_PART for an empty reference.
     int deletePartBySrc(const QString& src);
-    /// The same for the Content-Location of a part, of this container or another; it takes no longer for
-    /// a long one.
+    /// The same for the Content-Location of a part, of this container or another. A long location costs no
+    /// more time than a short one.
     int deletePartLike(const MMS_COMP_SMILMultipartBodypart& part);
-    /// The first part that matches `src` and has that display file type, or null. It stays the
-    /// container's.
+    /// The first part that matches `src` and has that display file type, or null. The container owns it.
     MMS_COMP_SMILMultipartBodypart* getBodyPartBySrc(const QString& src, int fileType) const;
     /// The part that a media element shows: the first that matches `src` among the ordinary parts, or else
     /// among those that are linked already; null when there is none. It stays the container's.
@@ -76,38 +74,39 @@ public:
 
     /// The reference without an opening "<", a closing ">" and a leading "cid:".
     static QString parseCid(const QString& reference);
-    /// Whether two references mean the same Content-ID; never, when the first is empty.
+    /// Whether two references mean the same Content-ID; false when the first is empty.
     static bool isCidEqual(const QString& a, const QString& b);
 
-    /// Whether a new part cannot have that name: a part matches it, or it is not a valid URL, or it
-    /// has 100 or more characters.
+    /// Whether a new part cannot have that name: a part matches it, it is not a valid URL, or it has 100 or
+    /// more characters.
     bool isPartExist(const QString& name) const;
-    /// A Content-Location for a new part that no part has yet, made from the file name in `name`:
-    /// photo.jpg, photo_0.jpg, photo_1.jpg, ...
+    /// A Content-Location that no part has yet, made from the file name in `name`: photo.jpg, photo_0.jpg,
+    /// photo_1.jpg, ...
     QString createUniqueLocation(const QString& name) const;
     /// The same for a part without a name: file0.jpg, file1.jpg, ... `extension` may be empty.
     QString createUniqueAttchmentLocation(const QString& extension) const;
 
-    /// The presentation part, which stays the container's, or null. In a related body without a
-    /// usable start parameter that is a first part of type "application/smil", which gets marked. (Related
-    /// is what setMimeType() says; reading a message leaves that as it is in a new container, related.)
+    /// The presentation part, or null. The container owns it. In a related body without a usable start
+    /// parameter it is the first part, if that is of type "application/smil"; it is marked then. (A new
+    /// container is related; setMimeType() changes that, reading a message does not.)
     MMS_COMP_SMILMultipartBodypart* getSmilPart();
 
-    /// Attachments are the ordinary parts of a related body, or all parts of any other.
+    /// Number of attachments: the ordinary parts of a related body, or all parts of any other. Read the
+    /// presentation first, which marks the parts that slides show.
     int getAttachmentCount() const;
-    /// The i-th attachment, counted from 0, or null. It stays the container's.
+    /// The i-th attachment, counted from 0, or null. The container owns it.
     MMS_COMP_SMILMultipartBodypart* getAttachment(int i) const;
-    /// Tells what there is: ordinary parts, and parts of type "image", "audio" and "video", the
-    /// presentation part included. Null for what is not wanted.
+    /// Sets each flag to whether there is an ordinary part, or a part of type "image", "audio" or "video",
+    /// the presentation part included. Null pointers are skipped.
     void isContainAttachImgAudio(bool* attachment, bool* image, bool* audio, bool* video) const;
 
     /// Whether a part asks for the user's consent ("X-Mms-UserPrompt").
     bool isContainUPI() const;
-    /// The first such part, or null. With `take` it leaves the container and is the caller's.
+    /// The first such part, or null. With `take` it is removed, and the caller owns it.
     MMS_COMP_SMILMultipartBodypart* getFirstUPIPart(bool take);
 
-    /// Takes over the other's types and start parameter, and adds copies of its parts behind those
-    /// already there. Boundary and other parameters stay.
+    /// Copies the other's types and start parameter, and appends copies of its parts. Boundary and other
+    /// parameters stay.
     void copyFrom(const MMS_COMP_SMILMultipart& other);
     /// Deletes the parts and resets types and start parameter; the "type" parameter becomes empty,
     /// boundary and other parameters stay.

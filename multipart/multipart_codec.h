@@ -9,26 +9,24 @@ class MMS_COMP_SMILMultipartBodypart;
 /// One entry of a WSP binary multipart: headers, content type and data of one body part.
 class LUM_EXPORT Multipart_Entry {
 public:
-    /// Writes the part; its sub-bodies are not written. CODEC_WRITTEN, or CODEC_REFUSED when there is
-    /// no room.
+    /// Writes the part without its sub-bodies. CODEC_WRITTEN, or CODEC_REFUSED when there is no room.
     static unsigned char writeTo(LinearBuffer* out, MMS_COMP_SMILMultipartBodypart& part);
-    /// Reads one entry into `part`: CODEC_READ, or CODEC_MALFORMED with what was read so far.
+    /// Reads one entry into `part`: CODEC_READ, or CODEC_MALFORMED, with what was read before.
     static unsigned char readFrom(LinearBuffer* in, MMS_COMP_SMILMultipartBodypart* part);
 };
 
 /// The WSP binary multipart: the body of an MMS PDU.
 ///
-/// Of a part its type, name, Content-ID and payload are sent. The length in front of it counts its
-/// sub-bodies, which are not sent themselves, so that a body with any cannot be read again: they are for
-/// parts that were received. The number of parts is sent as one octet; of more than 255, the lowest eight
-/// bits.
+/// Sent are type, name, Content-ID and payload of each part. The length in front of a part counts its
+/// sub-bodies, but they are not sent: a body with sub-bodies cannot be read again. The number of parts is
+/// sent as one octet, of more than 255 the lowest eight bits.
 ///
-/// A received payload whose type names a charset that is known, other than UTF-8, is stored as UTF-8, up to
-/// its first zero; the name of the charset is not kept. Bodies within the body are opened when their type is
-/// the media number 0x48 and has no boundary; the payload of any other multipart stays as it is.
+/// A received payload with a known charset other than UTF-8 is stored as UTF-8, up to its first zero; the
+/// name of the charset is dropped. A body within the body is decoded if its type is the media number 0x48
+/// without a boundary; any other multipart keeps its payload.
 ///
-/// Nothing is rolled back on failure. The bool arguments are not used. Missing arguments give
-/// CODEC_REFUSED when encoding and CODEC_MALFORMED when decoding.
+/// Nothing is rolled back on failure. The bool arguments are not used. Missing arguments give CODEC_REFUSED
+/// when encoding and CODEC_MALFORMED when decoding.
 class LUM_EXPORT MMS_UA_MultiPart_CODEC {
 public:
     /// Encodes the container into a new array. It is stored in `*out` as soon as it is there, also

@@ -8,12 +8,12 @@
 class MMS_COMP_SMILMultipart;
 class MMS_UTIL_MsgHeaderBase;
 
-/// Joins message header and message body: content type on one side, container on the other.
+/// Decodes and encodes a message body together with the content type in the header.
 ///
 /// Parameter lists are texts of items name=value joined by ";".
 class LUM_EXPORT MMS_COMP_SMILMultipartParser {
 public:
-    /// What can go wrong; 0 is success.
+    /// Failures; 0 is success.
     enum STATUS : int {
         ERR_ARGUMENT = -6,   ///< an argument is missing
         ERR_ENCODING = -18,  ///< the body could not be encoded
@@ -35,22 +35,21 @@ public:
     /// The STATUS (or 0) for a codec result octet.
     static int handleErr(unsigned char code);
 
-    /// Decodes a message body into `body`, settles its presentation part, and gives every part a
-    /// Content-Location. 0, or a STATUS with the parts before the malformed one, as they were received;
-    /// a container that has a boundary, of a textual multipart, is left alone. Whether the body is a
-    /// multipart at all, the header's content type tells the caller; other octets end in ERR_MALFORMED, or
-    /// are taken for parts.
+    /// Decodes a message body into `body`, finds its presentation part, and gives every part a
+    /// Content-Location. Returns 0, or a STATUS; the parts before the malformed one are then there as they
+    /// were received. A container with a boundary (of a textual multipart) is left unchanged. Check in the
+    /// header's content type that the body is a multipart: other octets give ERR_MALFORMED, or are read as
+    /// parts.
     static int parse(const QArray<char>& data, MMS_UTIL_MsgHeaderBase* header, MMS_COMP_SMILMultipart* body);
 
-    /// Gives every part without a Content-Location a new one, and every part without a display file
-    /// name its Content-Location for one.
+    /// Gives every part without a Content-Location a new one, and every part without a display file name its
+    /// Content-Location as display file name.
     static void checkLocation(MMS_COMP_SMILMultipart* body);
 
-    /// The container as message body, its content type written into the header. The null array, and
-    /// an unchanged header, on failure. `*status` is set to 0 or the STATUS.
+    /// Encodes the container as message body and sets the header's content type. The null array, and an
+    /// unchanged header, on failure. `*status` is set to 0 or the STATUS.
     ///
-    /// What MMS_UA_MultiPart_CODEC says of parts that cannot be sent holds here, too: the caller sees to
-    /// it that there are no sub-bodies, and no more than 255 parts.
+    /// The caller checks that there are no sub-bodies and at most 255 parts: see MMS_UA_MultiPart_CODEC.
     static QArray<char> assembleBody(MMS_COMP_SMILMultipart* body, MMS_UTIL_MsgHeaderBase* header,
                                      int* status = nullptr);
 };

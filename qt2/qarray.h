@@ -12,12 +12,12 @@
 #include <type_traits>
 #include <utility>
 
-/// The explicitly shared array of Qt 2. A copy shares the elements: what is written through one is
-/// seen through the other, a resize too, until duplicate(), copy() or detach() make a private one.
+/// The explicitly shared array of Qt 2. Copies share the elements: a change through one, a resize too, is
+/// seen in the others, until duplicate(), copy() or detach() makes a private copy.
 ///
-/// One zero element is always readable behind the last (setRawData() excepted), so that text in an
-/// array can be handed to a C function. A null array has no elements and shares nothing.
-/// Elements are plain values, copied octet by octet. Not for use by two threads at once.
+/// A zero element is always readable behind the last (except after setRawData()), so that text in an array
+/// can be passed to a C function. A null array has no elements and shares nothing. Elements are plain values,
+/// copied octet by octet. Arrays that share elements belong to one thread.
 template <typename T>
 class QArray {
     static_assert(std::is_trivially_copyable_v<T>, "QArray copies its elements octet by octet");
@@ -29,11 +29,11 @@ public:
     explicit QArray(qsizetype size) : block_(Block::make(size)) {}
     /// Shares the elements of `other`.
     QArray(const QArray& other) : block_(other.block_) { ref(); }
-    /// Takes the elements over; `other` is the null array then.
+    /// Takes over the elements; `other` is the null array then.
     QArray(QArray&& other) noexcept : block_(std::exchange(other.block_, nullptr)) {}
     ~QArray() { deref(); }
 
-    /// Drops the own elements and shares those of `other`.
+    /// Shares the elements of `other` instead of its own.
     QArray& operator=(QArray other) noexcept {
         std::swap(block_, other.block_);
         return *this;
@@ -112,15 +112,15 @@ public:
         result.duplicate(*this);
         return result;
     }
-    /// Leaves the others that share these elements, taking a copy along.
+    /// Makes a private copy if others share these elements.
     void detach() {
         if (block_ && (block_->refs > 1 || block_->home == Home::Caller))
             duplicate(data(), size());
     }
 
-    /// Lets the array show `size` elements that stay the caller's, uncopied. They must outlive this
-    /// array and its copies, must not be written through it, and need no zero element behind them.
-    /// A negative size gives the null array.
+    /// Refers to `size` elements of the caller without copying them. They must outlive this array and its
+    /// copies, must not be written through it, and need no zero element behind them. A negative size gives
+    /// the null array.
     void setRawData(const T* elements, qsizetype size) {
         deref();
         block_ = size < 0 ? nullptr : Block::show(elements, size);
@@ -136,7 +136,7 @@ public:
 private:
     enum class Home { Inline, Heap, Caller };
 
-    /// The shared elements, as a rule right behind their own header in one allocation.
+    /// The shared elements, usually in one allocation with this header.
     struct Block {
         int refs;
         Home home;
@@ -225,8 +225,7 @@ private:
     Block* block_ = nullptr;
 };
 
-/// Reads `count` raw octets, in pieces as large as the stream takes at a time, and gives how many
-/// there were.
+/// Reads `count` raw octets, in pieces as large as the stream accepts, and returns how many there were.
 inline qsizetype readRawOctets(QDataStream& stream, char* octets, qsizetype count) {
     constexpr qsizetype piece = 1 << 30;
     static_assert(std::in_range<int>(piece), "a stream takes an int");

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QString>
 
-/// What a colour record says.
+/// The kinds of colour.
 /// @ingroup presentation
 enum MMS_COMP_COLOR_KIND : int {
     MMS_COMP_COLOR_NONE = 0,       ///< no colour was given
@@ -12,10 +12,10 @@ enum MMS_COMP_COLOR_KIND : int {
     MMS_COMP_COLOR_UNREADABLE = 3, ///< not set, or not understood
 };
 
-/// A colour as a presentation gives it: the background of the screen, the page and text colour of a
-/// slide. MMS_COMP_SMILParser::parseColor fills it; only the kinds 1 and 2 are written again.
+/// A colour of a presentation: background of the screen, page or text colour of a slide.
+/// MMS_COMP_SMILParser::parseColor() reads it; only the kinds 1 and 2 are written.
 struct MMS_COMP_COLOR {
     int kind = MMS_COMP_COLOR_NONE;    ///< one of MMS_COMP_COLOR_KIND
     QString text = QStringLiteral(""); ///< the name of a named colour, empty for a numeric one
-    QColor color;                      ///< the colour; invalid as long as no kind 1 or 2 was read
+    QColor color;                      ///< the colour; invalid unless the kind is 1 or 2
 };

@@ -5,11 +5,10 @@
 
 #include <QString>
 
-/// Small helpers for file names, MIME types and files that the message model and the messaging
-/// programs share. Keeps no state.
+/// Helpers for file names, MIME types and files.
 class LUM_EXPORT MMS_COMP_Util {
 public:
-    /// What getQByteArraySrcByFileName() answers.
+    /// Results of getQByteArraySrcByFileName().
     enum FILE_STATUS {
         FILE_READ = 0,        ///< the whole file was read
         FILE_NOT_OPENED = -1, ///< there is no such file, or it must not be read
@@ -42,8 +41,7 @@ public:
     /// was on every failure.
     static int getQByteArraySrcByFileName(QArray<char>& data, const QString& fileName, bool checkSize);
 
-    /// Reads the wall clock and gives its status, 0 on success. Prints nothing; the arguments are
-    /// there for callers that pass a label, and are not used.
+    /// Reads the wall clock and returns its status, 0 on success. Prints nothing; the arguments are not used.
     static int printTimeStamp(const QString& text, int count);
 
     /// Tells the user, in a modal box, that the memory is full. Returns when the box is closed. In a

@@ -6,11 +6,11 @@
 #include <QDataStream>
 #include <QString>
 
-/// Reads the values of one stored record of the message model, which may come from anybody.
+/// Reads the values of one stored record. Records are untrusted input.
 ///
-/// While a reader exists its stream is in the record format; the caller's format comes back with its
-/// destruction. The byte order is always the caller's. After a failure of the stream every further
-/// read gives 0, a null text or no octets, and consumes nothing.
+/// A reader sets its stream to the record format, and its destructor restores the former format. The byte
+/// order is always the stream's. After a failure of the stream, reads give 0, a null text or no octets, and
+/// consume nothing.
 class LUM_EXPORT RecordReader {
 public:
     /// The stream stays the caller's and must outlive the reader.
@@ -21,8 +21,8 @@ public:
 
     /// A signed 32-bit number.
     qint32 readInt();
-    /// A text: 32-bit count of octets (0xFFFFFFFF for a null text), then UTF-16 units. A text that
-    /// ends early gives the whole units that were there, an odd count a null text; ok() is false then.
+    /// A text: 32-bit count of octets (0xFFFFFFFF for a null text), then UTF-16 units. A text that is cut off
+    /// gives the whole units that are there, an odd count a null text; ok() is false then.
     QString readText();
     /// Octets: 32-bit count, then the octets themselves, as many as there are; a new private array.
     QArray<char> readBytes();
@@ -35,7 +35,7 @@ private:
     const int callersVersion_;
 };
 
-/// Writes the values of one stored record of the message model. Treats the stream as RecordReader does.
+/// Writes the values of one stored record. Uses the stream as RecordReader does.
 class LUM_EXPORT RecordWriter {
 public:
     /// The stream stays the caller's and must outlive the writer.
@@ -46,7 +46,7 @@ public:
 
     /// A signed 32-bit number.
     void writeInt(qint32 value);
-    /// A text, as RecordReader::readText() reads it; null and empty texts are told apart.
+    /// A text, as RecordReader::readText() reads it; null and empty texts are distinct.
     void writeText(const QString& text);
     /// Octets, as RecordReader::readBytes() reads them.
     void writeBytes(const QArray<char>& octets);

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What kind of begin or end time a media object has.
+/// The kinds of begin and end time.
 /// @ingroup presentation
 enum MMS_COMP_SMIL_TIME_TYPE : int {
     MMS_COMP_SMIL_TIME_OFFSET = 0,      ///< milliseconds from the start of the slide
@@ -11,9 +11,9 @@ enum MMS_COMP_SMIL_TIME_TYPE : int {
     MMS_COMP_SMIL_TIME_INVALID = 3,     ///< the text could not be read
 };
 
-/// The begin or end time of a media object. MMS_COMP_SMILParser::parseTime fills it.
+/// The begin or end time of a media object. MMS_COMP_SMILParser::parseTime() reads it.
 struct MMS_COMP_SMIL_TIME {
-    MMS_COMP_SMIL_TIME_TYPE type = MMS_COMP_SMIL_TIME_UNSPECIFIED; ///< how to read the other two
+    MMS_COMP_SMIL_TIME_TYPE type = MMS_COMP_SMIL_TIME_UNSPECIFIED; ///< the kind
     QString id = QStringLiteral("");                               ///< the element an event refers to
     int value = 0; ///< milliseconds; for an event 0 is that element's begin and -1 its end
 };

@@ -6,14 +6,14 @@
 #include <QString>
 #include <QStringList>
 
-/// The phone's registry of MIME types and the file extensions that go with them.
+/// The registry of MIME types and their file extensions.
 class LUM_EXPORT AM_MimeType {
 public:
-    /// The one registry. It stays the library's.
+    /// The registry, owned by the library.
     static const AM_MimeType* instance();
 
-    /// The file extensions (without a dot) of the type written "type/subtype", the preferred one
-    /// first; asked without regard to case; empty for an unknown type.
+    /// The file extensions (without a dot) of a type given as "type/subtype" in any case, the preferred one
+    /// first; empty for an unknown type.
     QStringList getExtListByMimeId(const QString& mimeId) const;
 
     /// The type, in lower case, under which a file of that name and with those octets travels in a

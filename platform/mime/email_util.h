@@ -3,11 +3,11 @@
 #include "platform/export.h"
 #include "qt2/qcstring.h"
 
-/// The phone's code numbers for MIME words: types, sub-types, charsets and transfer encodings.
+/// The phone's code numbers for MIME types, sub-types, charsets and transfer encodings.
 ///
-/// Look-ups by name ignore case and give -1 for an unknown name. Look-ups by code give false and
-/// leave the text alone for an unknown code; the names they give are in lower case. Programs store
-/// the codes, so a code never changes its meaning.
+/// Look-ups by name ignore case and return -1 for an unknown name. Look-ups by code set `name`, in lower
+/// case; for an unknown code they return false and leave it unchanged. Programs store the codes: a code never
+/// changes its meaning.
 class LUM_EXPORT EMAIL_Util {
 public:
     /// Code of the top-level type "application".

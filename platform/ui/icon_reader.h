@@ -8,8 +8,8 @@
 /// The pictures that come with the phone's dialogs.
 class LUM_EXPORT RES_ICON_Reader {
 public:
-    /// The icon of this file name, such as "Dialog_Error.gif"; a null image for an unknown name. It
-    /// is an image, not a pixmap, so that programs without an application object can ask for it too.
-    /// The second argument (whether the icon may be shared) is not used: images share by themselves.
+    /// The icon of this file name, such as "Dialog_Error.gif"; a null image for an unknown name. An image,
+    /// not a pixmap, so that programs without an application object can load it. `shared` is not used: images
+    /// are always shared.
     static QImage getIcon(const QString& fileName, bool shared = true);
 };

@@ -12,7 +12,7 @@
 class MMS_COMP_SMILLayout;
 class QDomElement;
 
-/// How content is fitted into its region: the `fit` attribute.
+/// How content fits into its region: the `fit` attribute.
 /// @ingroup presentation
 enum MMS_COMP_SMIL_REGION_FIT : int {
     MMS_COMP_SMIL_FIT_HIDDEN = 0, ///< "hidden"
@@ -23,9 +23,9 @@ enum MMS_COMP_SMIL_REGION_FIT : int {
     MMS_COMP_SMIL_FIT_OTHER = 5,  ///< any other text, or none
 };
 
-/// A rectangle of the screen in which media objects are shown. Its four measures are pixels or per
-/// cent, as the measure unit of the document says. A new region has the id "default", is 120 wide
-/// and 160 high at 0, 0, and hides what does not fit.
+/// A rectangle of the screen that shows media objects. Its measures are pixels or per cent: see
+/// MMS_COMP_SMILData::getLayoutMeasureUnit(). A new region has the id "default", is 120 wide and 160 high at
+/// 0, 0, and hides what does not fit.
 class LUM_EXPORT MMS_COMP_SMILRegion {
 public:
     MMS_COMP_SMILRegion() = default;
@@ -45,12 +45,12 @@ public:
     float getRight() const { return left_ + width_; }
     /// Top plus height.
     float getBottom() const { return top_ + height_; }
-    /// What the `region` attribute of a media object refers to.
+    /// The id that the `region` attribute of a media object refers to.
     QString getId() const { return id_; }
-    /// How content is fitted in.
+    /// How content fits in.
     MMS_COMP_SMIL_REGION_FIT getFit() const { return fit_; }
 
-    /// Sets the height. Like the other setters it stores any value and gives true.
+    /// Sets the height. Like the other setters it accepts any value and returns true.
     bool setHeight(float height);
     /// Sets the width.
     bool setWidth(float width);
@@ -60,7 +60,7 @@ public:
     bool setLeft(float left);
     /// Sets the id.
     bool setId(const QString& id);
-    /// Sets how content is fitted in.
+    /// Sets how content fits in.
     void setFit(MMS_COMP_SMIL_REGION_FIT fit);
     /// Sets the fit by its word, compared exactly ("Fill" is not "fill"). Always true.
     bool setFit(const QString& word);
@@ -78,23 +78,23 @@ private:
     MMS_COMP_SMILLayout* layout_ = nullptr; // whose list owns the region
 };
 
-/// The size and background of the whole screen: 120 by 160 without a colour until told otherwise.
+/// Size and background of the whole screen; a new one is 120 by 160 without a colour.
 class LUM_EXPORT MMS_COMP_SMILRootLayout {
 public:
     /// Pixels; negative when the presentation did not say.
     int getWidth() const { return width_; }
     /// Pixels; negative when the presentation did not say.
     int getHeight() const { return height_; }
-    /// The colour record inside this root layout, not a copy.
+    /// The colour of this root layout, not a copy.
     MMS_COMP_COLOR* getBackgroundColor() { return &backgroundColor_; }
     /// The same for reading.
     const MMS_COMP_COLOR* getBackgroundColor() const { return &backgroundColor_; }
 
-    /// Any value is stored, negative ones too; always true.
+    /// Accepts any value, negative ones too; always true.
     bool setWidth(int width);
     /// As setWidth().
     bool setHeight(int height);
-    /// Reads a `background-color` text; false when it is unreadable (kind 3).
+    /// Sets the colour from a `background-color` text; false when it is unreadable (kind 3).
     bool setBackgroundColor(const QString& text);
 
 private:
@@ -103,39 +103,38 @@ private:
     MMS_COMP_COLOR backgroundColor_;
 };
 
-/// The layout of a presentation: the root layout and the regions. It owns both; regions are only
-/// ever added, and no two of them agree in all six values when they are.
+/// The layout of a presentation: root layout and regions. It owns both. Regions are never removed, and none
+/// is added that has the same six values as another.
 class LUM_EXPORT MMS_COMP_SMILLayout {
 public:
     MMS_COMP_SMILLayout();
     MMS_COMP_SMILLayout(const MMS_COMP_SMILLayout&) = delete;
     MMS_COMP_SMILLayout& operator=(const MMS_COMP_SMILLayout&) = delete;
 
-    /// The root layout, the layout's own; null after setRootLayout() failed.
+    /// The root layout, owned by the layout; null after setRootLayout() failed.
     MMS_COMP_SMILRootLayout* getRootLayout() const { return rootLayout_.get(); }
     /// Number of regions.
     int getRegionCount() const { return regions_.count(); }
-    /// The region at `index`, the layout's own, or null when out of range.
+    /// The region at `index`, owned by the layout, or null when out of range.
     MMS_COMP_SMILRegion* getRegion(unsigned int index) const;
     /// The regions in the order in which they were appended.
     const QPtrList<MMS_COMP_SMILRegion>& getRegionList() const { return regions_; }
 
-    /// Takes the region over, unless it is null, in a layout already, or equal to a region of this
-    /// layout: then nothing happens, and it stays the caller's.
+    /// Appends the region and takes it over. A region that is null, already in a layout, or equal to one of
+    /// this layout is ignored and stays with the caller.
     void appendRegion(MMS_COMP_SMILRegion* region);
     /// The region with these values (`fit` is its word), appended if there was none. The layout owns
     /// it. Null when there is no memory.
     MMS_COMP_SMILRegion* appendRegion(float left, float top, float width, float height, const QString& fit,
                                       const QString& id);
-    /// Whether a region of the layout agrees with this one in all six values, the numbers compared
-    /// without tolerance. `found`, if given, becomes the first such region, or null; it is left
-    /// alone when `region` is null.
+    /// Whether a region of the layout has the same six values, numbers compared without tolerance. `found`
+    /// becomes the first such region, or null; it is left unchanged when `region` is null.
     bool isRegionExist(MMS_COMP_SMILRegion* region, MMS_COMP_SMILRegion** found = nullptr) const;
 
     /// Sets the size of the root layout, which is made if there is none; null when it cannot be.
     MMS_COMP_SMILRootLayout* setRootLayout(int width, int height);
-    /// Takes size and background over from a `root-layout` element. A size that is absent becomes -1,
-    /// one that is no number 0; "px" is understood. 0, or -7 when there is no element or no memory.
+    /// Sets size and background from a `root-layout` element. An absent size becomes -1, one that is no
+    /// number 0; "px" is understood. 0, or -7 without an element or memory.
     int setRootLayout(QDomElement* element);
 
 private:

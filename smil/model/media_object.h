@@ -25,8 +25,7 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int {
     MMS_COMP_SMIL_MEDIA_OTHER = 5, ///< any other element
 };
 
-/// One media element of a slide: its attributes, its `param` children and a link to the body part
-/// that holds its content.
+/// One media element of a slide: attributes, `param` children and a link to the body part with its content.
 ///
 /// The object owns its params. Its body part belongs to the container and may be shared by several
 /// objects, which the part's reference count tells; the object only points at it, and its data becomes
@@ -46,35 +45,35 @@ public:
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE getMediaElementType() const { return type_; }
     /// A short type word; "txt" once the object has become a text.
     QString getMediaType() const { return mediaType_; }
-    /// The reference to the body part: its Content-Location or Content-ID.
+    /// The reference to the body part: Content-Location or Content-ID.
     QString getSrc() const { return src_; }
     /// The id of the region in which the object is shown.
     QString getRegionId() const { return regionId_; }
-    /// A MIME type that the caller keeps here, and the record; for that of the content see
+    /// A MIME type for the program's own use, stored in records; for that of the content call
     /// getData()->getMimeFormat().
     QString getMimeType() const { return mimeType_; }
     /// The alternative text.
     QString getAlt() const { return alt_; }
-    /// The body part with the content; null if there is none or it has been deleted.
+    /// The body part with the content; null when there is none, or after it was deleted.
     MMS_COMP_SMILMultipartBodypart* getData() const { return data_.get(); }
     /// The container, which is not owned; null when there is none.
     MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
 
-    /// The begin time inside this object, not a copy.
+    /// The begin time of this object, not a copy.
     MMS_COMP_SMIL_TIME* getBegin() { return &begin_; }
     /// The same for reading.
     const MMS_COMP_SMIL_TIME* getBegin() const { return &begin_; }
-    /// The end time inside this object, not a copy.
+    /// The end time of this object, not a copy.
     MMS_COMP_SMIL_TIME* getEnd() { return &end_; }
     /// The same for reading.
     const MMS_COMP_SMIL_TIME* getEnd() const { return &end_; }
-    /// How the begin time is given.
+    /// The kind of begin time.
     MMS_COMP_SMIL_TIME_TYPE getBeginTimeType() const { return begin_.type; }
     /// The id of the element that the begin refers to.
     QString getBeginTimeEvent() const { return begin_.id; }
     /// The begin in milliseconds.
     int getBeginTimeLength() const { return begin_.value; }
-    /// How the end time is given.
+    /// The kind of end time.
     MMS_COMP_SMIL_TIME_TYPE getEndTimeType() const { return end_.type; }
     /// The id of the element that the end refers to.
     QString getEndTimeEvent() const { return end_.id; }
@@ -93,13 +92,13 @@ public:
     void setMimeType(const QString& mimeType) { mimeType_ = mimeType; }
     /// Sets the alternative text.
     void setAlt(const QString& alt) { alt_ = alt; }
-    /// Sets how the begin time is given.
+    /// Sets the kind of begin time.
     void setBeginTimeType(MMS_COMP_SMIL_TIME_TYPE type) { begin_.type = type; }
     /// Sets the id of the element that the begin refers to.
     void setBeginTimeEvent(const QString& id) { begin_.id = id; }
     /// Sets the milliseconds of the begin.
     void setBeginTimeLength(int milliseconds) { begin_.value = milliseconds; }
-    /// Sets how the end time is given.
+    /// Sets the kind of end time.
     void setEndTimeType(MMS_COMP_SMIL_TIME_TYPE type) { end_.type = type; }
     /// Sets the id of the element that the end refers to.
     void setEndTimeEvent(const QString& id) { end_.id = id; }
@@ -107,7 +106,7 @@ public:
     void setEndTimeLength(int milliseconds) { end_.value = milliseconds; }
     /// The container is not taken over.
     void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
-    /// Points at another body part, which is not taken over; its reference count is left alone.
+    /// Links to another body part, which is not taken over; its reference count stays as it is.
     void setData(MMS_COMP_SMILMultipartBodypart* part);
 
     /// Fills the object from a SMIL media element and links it to the body part of `multipart` (null for
@@ -132,12 +131,12 @@ public:
 
     /// Number of params.
     int getParamCount() const { return params_.count(); }
-    /// The param at `index`, the object's own, or null when out of range.
+    /// The param at `index`, owned by the object, or null when out of range.
     MMS_COMP_SMILMediaObjectParam* getParam(int index) const { return params_.at(index); }
     /// Appends a param: 0, or -15 when it cannot be made.
     int appendParamElem(const QString& name, const QString& value,
                         MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType, const QString& refValueType);
-    /// The same, with the value type given by its word ("data", "ref", "object").
+    /// The same, with the value type as its word ("data", "ref", "object").
     int appendParamElem(const QString& name, const QString& value, const QString& valueType,
                         const QString& refValueType);
     /// Deletes the param at `index`; false when out of range.

@@ -6,7 +6,7 @@
 
 class QDataStream;
 
-/// What the value of a `param` is: its `valuetype` attribute.
+/// The kind of value of a `param`: its `valuetype` attribute.
 /// @ingroup presentation
 enum MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE : int {
     MMS_COMP_SMIL_PARAM_DATA = 0,   ///< "data"
@@ -15,7 +15,7 @@ enum MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE : int {
     MMS_COMP_SMIL_PARAM_OTHER = 3,  ///< any other text, or none
 };
 
-/// One `param` child of a media object. Copies are independent of each other.
+/// One `param` child of a media object.
 class LUM_EXPORT MMS_COMP_SMILMediaObjectParam {
 public:
     /// All texts empty, value type 0.
@@ -29,7 +29,7 @@ public:
     QString getName() const { return name_; }
     /// The value as text.
     QString getValue() const { return value_; }
-    /// What the value is.
+    /// The kind of value.
     MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE getValueType() const { return valueType_; }
     /// The MIME type of a referenced value: the `type` attribute.
     QString getRefValueType() const { return refValueType_; }
@@ -38,7 +38,7 @@ public:
     void setName(const QString& name) { name_ = name; }
     /// Sets the value.
     void setValue(const QString& value) { value_ = value; }
-    /// Sets what the value is.
+    /// Sets the kind of value.
     void setValueType(MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE type) { valueType_ = type; }
     /// Sets the MIME type of a referenced value.
     void setRefValueType(const QString& type) { refValueType_ = type; }

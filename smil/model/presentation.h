@@ -34,9 +34,9 @@ private:
     QString content_ = QStringLiteral("");
 };
 
-/// A SMIL presentation: layout, meta entries and slides. It owns all three; the container whose body
-/// parts hold the content is not owned and must outlive the document, or be replaced with setMultiPart() of
-/// the document, its slides and their media objects.
+/// A SMIL presentation: layout, meta entries and slides. It owns all three, but not the container with the
+/// content: that must outlive the document, or be replaced with setMultiPart() in the document, its slides
+/// and their media objects.
 class LUM_EXPORT MMS_COMP_SMILData {
 public:
     /// An empty presentation with the default root layout. `multipart` may be null.
@@ -45,18 +45,18 @@ public:
     MMS_COMP_SMILData(const MMS_COMP_SMILData& other, MMS_COMP_SMILMultipart* multipart);
     MMS_COMP_SMILData(const MMS_COMP_SMILData&) = delete;
     MMS_COMP_SMILData& operator=(const MMS_COMP_SMILData&) = delete;
-    /// Deletes slides and meta entries, without releasing body parts, and leaves the layout alone.
+    /// Deletes slides and meta entries without releasing body parts. The layout stays.
     void clean();
 
-    /// The layout inside this document, not a copy.
+    /// The layout of this document, not a copy.
     MMS_COMP_SMILLayout* getLayout() { return &layout_; }
     /// The same for reading.
     const MMS_COMP_SMILLayout* getLayout() const { return &layout_; }
-    /// The document's own; null after setRootLayout() failed.
+    /// The root layout, owned by the document; null after setRootLayout() failed.
     MMS_COMP_SMILRootLayout* getRootLayout() const { return layout_.getRootLayout(); }
     /// Number of regions.
     int getRegionCount() const { return layout_.getRegionCount(); }
-    /// The region at `index`, the document's own, or null when out of range.
+    /// The region at `index`, owned by the document, or null when out of range.
     MMS_COMP_SMILRegion* getRegion(unsigned int index) const { return layout_.getRegion(index); }
     /// The unit of all regions' measures; pixels until a "%" was read.
     MMS_COMP_SMIL_UNIT_TYPE_ENUM getLayoutMeasureUnit() const { return measureUnit_; }
@@ -85,22 +85,22 @@ public:
 
     /// Number of meta entries.
     int getMetaCount() const { return metas_.count(); }
-    /// The entry at `index`, the document's own, or null when out of range.
+    /// The entry at `index`, owned by the document, or null when out of range.
     MMS_COMP_SMILMeta* getMeta(int index) const { return metas_.at(index); }
-    /// False when there is no memory for the entry.
+    /// Appends an entry; false when there is no memory.
     bool appendMeta(const QString& name, const QString& content);
 
-    /// Appends an empty slide, which the document owns; null when it cannot be made.
+    /// Appends an empty slide, owned by the document; null when there is no memory.
     MMS_COMP_SMILTimingContainer* appendSlide();
     /// Appends the slide, which the document takes over; false for null.
     bool appendSlide(MMS_COMP_SMILTimingContainer* slide);
     /// Number of slides.
     int getTotalSlidesNum() const { return slides_.count(); }
-    /// The slide at `index`, the document's own, or null when out of range.
+    /// The slide at `index`, counted from 0 and owned by the document, or null when out of range.
     MMS_COMP_SMILTimingContainer* getSlide(int index) const { return slides_.at(index); }
-    /// 0 when there is no such slide.
+    /// Number of objects of a slide; 0 when there is no such slide.
     int getMediaObjectCount(int slideIndex) const;
-    /// Null when there is no such slide or object.
+    /// The object at `index` of a slide; null when there is no such slide or object.
     MMS_COMP_SMILMediaObject* getMediaObject(int slideIndex, int index) const;
     /// As the slide's insert(); false too when there is no such slide.
     bool insertMediaObject(int slideIndex, int index, MMS_COMP_SMILMediaObject* object);
@@ -114,29 +114,28 @@ public:
     /// added.
     int appendElementObject(QDomElement* element, MMS_COMP_SMILMultipart* multipart, bool newSlide,
                             int duration, MMS_COMP_SMILMediaObject** object);
-    /// A name for new content, made from a file's name or path, that no object and no body part has
-    /// yet, at most 99 characters long.
+    /// A name for new content that no object and no body part has yet, made from a file's name or path and at
+    /// most 99 characters long.
     QString createUniqueSrc(const QString& src) const;
-    /// Whether an object or a body part has that name, or nothing can have it: no valid URL, or longer
-    /// than 99 characters.
+    /// Whether an object or a body part has that name, or none can have it: no valid URL, or longer than 99
+    /// characters.
     bool isElemNameExist(const QString& name) const;
     /// Deletes the first object whose body part has that Content-Location or Content-ID; the part is
     /// not released.
     void deleteObjectByDataLocation(const QString& location);
-    /// Removes the texts without content that a message need not carry: all but those that alone keep
-    /// a coloured page.
+    /// Removes texts without content, except those that alone keep a coloured page.
     void removeEmptyTextBeforeSend();
     /// Whether no slide has anything to show.
     bool isEmpty() const;
 
     /// The container, which is not owned; null when there is none.
     MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
-    /// Gives the container, which is not taken over, to the document and to every slide; media objects
-    /// keep theirs.
+    /// Sets the container of the document and of every slide; media objects keep theirs. The container is not
+    /// taken over.
     void setMultiPart(MMS_COMP_SMILMultipart* multipart);
-    /// Adds a copy of this document to `target`, whose content is in `multipart`. The background colour
-    /// is not copied. False when content is missing there, which leaves what was copied so far; false
-    /// too when the target is null or this document.
+    /// Adds a copy of this document to `target`, whose content is in `multipart`. The background colour is
+    /// not copied. False when content is missing there, with what was copied before; false too when the
+    /// target is null or this document.
     bool copyTo(MMS_COMP_SMILData* target, MMS_COMP_SMILMultipart* multipart) const;
 
 private:

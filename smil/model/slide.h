@@ -11,12 +11,11 @@
 class MMS_COMP_SMILMultipart;
 class QDataStream;
 
-/// One slide (`par`): the media objects that are shown together, for how long, and in which colours.
+/// One slide (`par`): media objects that are shown together, with duration and colours.
 ///
-/// The slide is the list of its media objects, in order, and owns them. canBeInserted() and
-/// updateData() keep it to one text, one image or video and one audio; `ref` objects are not limited.
-/// The container of the body parts is not owned: it must outlive the slide, or be replaced with
-/// setMultiPart() of the slide and of each of its objects.
+/// A slide is the ordered list of its media objects and owns them. canBeInserted() and updateData() limit it
+/// to one text, one image or video, and one audio; `ref` objects are not limited. The container is not owned:
+/// it must outlive the slide, or be replaced with setMultiPart() in the slide and each of its objects.
 class LUM_EXPORT MMS_COMP_SMILTimingContainer : public QPtrList<MMS_COMP_SMILMediaObject> {
 public:
     /// An empty slide of 5000 milliseconds. `multipart` may be null.
@@ -28,42 +27,42 @@ public:
     int getDur() const { return duration_; }
     /// Sets the duration.
     void setDur(int milliseconds) { duration_ = milliseconds; }
-    /// Whether the user fixed the duration.
+    /// Whether the user set the duration.
     bool getSetDurManually() const { return durationSetManually_; }
-    /// Says whether the user fixed the duration.
+    /// Sets whether the user set the duration.
     void setSetDurManually(bool manually) { durationSetManually_ = manually; }
     /// The container, which is not owned; null when there is none.
     MMS_COMP_SMILMultipart* getMultiPart() const { return multipart_; }
     /// The container for objects made from now on; those there keep theirs.
     void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
-    /// A copy of the record of the page colour; kind 3 until set.
+    /// A copy of the page colour; kind 3 until set.
     MMS_COMP_COLOR getPageColor() const { return pageColor_; }
-    /// A copy of the record of the text colour; kind 3 until set.
+    /// A copy of the text colour; kind 3 until set.
     MMS_COMP_COLOR getTextColor() const { return textColor_; }
     /// Sets the page colour.
     void setPageColor(const MMS_COMP_COLOR& color) { pageColor_ = color; }
     /// Sets the text colour.
     void setTextColor(const MMS_COMP_COLOR& color) { textColor_ = color; }
-    /// The size of the text as the presentation gives it; empty until set.
+    /// The text size as the presentation has it; empty until set.
     QString getTextSize() const { return textSize_; }
     /// Sets the size of the text.
     void setTextSize(const QString& size) { textSize_ = size; }
 
     /// Number of objects.
     int getMediaObjectCount() const { return count(); }
-    /// The object at `index`, the slide's own, or null when out of range.
+    /// The object at `index`, owned by the slide, or null when out of range.
     MMS_COMP_SMILMediaObject* getMediaObject(int index) const { return at(index); }
-    /// Appends the object, which the slide takes over, whatever its kind; false for null.
+    /// Appends the object, of any kind, and takes it over; false for null.
     bool appendObject(MMS_COMP_SMILMediaObject* object) { return append(object); }
-    /// Puts the object, which the slide then takes over, before the one at `index`; false, and the
-    /// object stays the caller's, when it is null or there is no such place.
+    /// Inserts the object before the one at `index` and takes it over; false, and the caller keeps it, when
+    /// it is null or the index is out of range.
     bool insert(int index, MMS_COMP_SMILMediaObject* object) { return QPtrList::insert(index, object); }
     /// Deletes the object at `index` without releasing its body part; false when out of range.
     bool remove(int index) { return QPtrList::remove(index); }
 
-    /// Whether the slide has room for an object of that kind, given by its tag in any case.
+    /// Whether the slide has room for an object of that kind, given as its tag in any case.
     bool canBeInserted(const QString& kind) const;
-    /// Whether the slide has nothing to show: no objects, or only texts without content.
+    /// Whether nothing is shown: no objects, or only texts without content.
     bool isBlank() const;
     /// False if an image or a video comes after a text, else true.
     bool isTextBellowImg() const;
@@ -75,11 +74,10 @@ public:
     bool isImageExist() const;
     /// Whether there is an audio.
     bool isAudioExist() const;
-    /// The octets of all objects' own payloads; a part that two objects share counts twice. At most
-    /// the largest int.
+    /// Octets of the payloads of all objects, at most INT_MAX; a part that two objects share counts twice.
     int getPageSize() const;
 
-    /// The first object of that type, or null. With `take` it leaves the slide and is the caller's.
+    /// The first object of that type, or null. With `take` it is removed, and the caller owns it.
     MMS_COMP_SMILMediaObject* getElem(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, bool take = false);
     /// The same for a text.
     MMS_COMP_SMILMediaObject* getTextElem(bool take = false);
@@ -103,17 +101,16 @@ public:
     /// Releases all body parts, deletes all objects and sets the duration back to 5000 milliseconds.
     void clear();
 
-    /// Puts content into the slide: into the object of that kind (an image and a video share one
-    /// place), or a new one. A new text goes to the end if it is shown below the image, else before the
-    /// image; a new image goes before a text shown below it, else to the end. A part that other slides
-    /// share changes for all of them, see MMS_COMP_SMILMediaObject::setData(). False when an object cannot
-    /// be made.
+    /// Sets the content of the object of that type (an image replaces a video and vice versa), or of a new
+    /// one. A new text goes to the end if `textBelowImage`, else before the image; a new image goes before
+    /// the text if `textBelowImage`, else to the end. A part that other slides share changes for all of them,
+    /// see MMS_COMP_SMILMediaObject::setData(). False when an object cannot be made.
     bool updateData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
                     const QString& subType, const QArray<char>& bytes, bool textBelowImage,
                     MMS_COMP_SMILMultipart* multipart);
-    /// Adds copies of all objects to `target`, whose content is in `multipart`, and copies the slide's
-    /// own values. False as soon as an object's content is not there, which leaves the copies made so
-    /// far; false too when the target is null or this slide.
+    /// Adds copies of all objects to `target`, whose content is in `multipart`, and copies the slide's own
+    /// values. False as soon as an object's content is missing there, with the copies made before; false too
+    /// when the target is null or this slide.
     bool copyTo(MMS_COMP_SMILTimingContainer* target, MMS_COMP_SMILMultipart* multipart) const;
 
     /// Reads the record that writeToStream() writes: duration and objects, which are added to those

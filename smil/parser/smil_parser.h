@@ -14,14 +14,12 @@ struct MMS_COMP_COLOR;
 struct MMS_COMP_SMIL_TIME;
 enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int;
 
-/// Reads SMIL presentations into a document, lays them out for the phone's screen and writes them.
+/// Reads SMIL presentations into a document, normalises their layout for the phone's screen, and writes them.
 ///
-/// A parser keeps its last warning, the place of its last error, and whether it keeps layouts: it is cheap
-/// to make and may read many documents in turn. Nothing that is handed to it changes its owner, and it
-/// owns nothing.
+/// A parser owns nothing, and keeps only its last warning and error: it may read many documents in turn.
 ///
-/// The reading members give a status, 0 for success; the first other one ends the reading, and the
-/// document keeps what was added before it:
+/// The reading members return a status, 0 for success. A failure ends the reading; the document keeps what
+/// was added before:
 ///
 /// | status | meaning |
 /// |---|---|
@@ -40,11 +38,10 @@ class LUM_EXPORT MMS_COMP_SMILParser {
 public:
     MMS_COMP_SMILParser() = default;
 
-    /// Reads the UTF-8 text `smil` into `data`, binds its media objects to the parts of `body` and
-    /// normalises the layout with updateToVarnelioRegion(). What stands before "<smil" is passed over,
-    /// one closing zero octet is ignored, and the first of two copies of a standard region is dropped. What
-    /// is read is added to what the document has. Without a `body` no media object has content, so none is
-    /// added.
+    /// Reads the UTF-8 text `smil` into `data`, links its media objects to the parts of `body`, and
+    /// normalises the layout with updateToVarnelioRegion(). Text before "<smil" and one closing zero octet
+    /// are ignored, and of two copies of a standard region the first is dropped. What the document already
+    /// has stays. Without a `body` no media object has content, and none is added.
     int parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     /// The same: octets are a text, not a path.
     int parse(const QByteArray& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
@@ -113,14 +110,14 @@ public:
     /// text, 1 named, 2 numeric, 3 unreadable.
     static void parseColor(const QString& text, MMS_COMP_COLOR& color);
 
-    /// Gives the document the phone's two regions, "text" above "image", and moves the media objects'
-    /// references along. 1 when done, 0 without a document. Two regions are told apart by their places,
-    /// never by their names: run on its own result, as when a written presentation is read, it may move
-    /// the region of a layout that had one only, and exchange two of which "image" is listed first. Of three
-    /// and more regions two are renamed and none is moved.
+    /// Gives the document the phone's two regions, "text" above "image", and updates the media objects'
+    /// references. 1 when done, 0 without a document. Two regions are distinguished by position, never by
+    /// name: applied to its own result, as when a written presentation is read, it may move the region of a
+    /// layout that had only one, and exchange two of which "image" is listed first. Of three or more regions
+    /// two are renamed and none is moved.
     static int updateToVarnelioRegion(MMS_COMP_SMILData* data);
-    /// Makes the root layout 120 wide and 160 high, or creates it so. Not part of parse(): call it
-    /// before composing a new presentation.
+    /// Makes the root layout 120 wide and 160 high, creating it if needed. Not part of parse(): call it for a
+    /// new presentation.
     static void updateToVarnelioRootLayout(MMS_COMP_SMILData* data);
     /// Makes every media object that refers to the region `oldId` refer to `newId`.
     static void updateObjectRegionId(MMS_COMP_SMILData* data, const QString& oldId, const QString& newId);
