@@ -5,11 +5,13 @@
 
 int main(int argc, char** argv) {
     QFile file(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
-    QByteArray pdu = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    auto length = static_cast<unsigned int>(pdu.size());
+    const QByteArray pdu = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    MMS_WIRE_Reader message;
+    message.read(pdu);
     MMS_UA_UAMsg header;
-    if (MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char*>(pdu.data()), length, &header) !=
-        CODEC_READ)
-        return 1;
+    message.fill(&header);
     qInfo() << header.getFrom().getAddress() << header.getSubject();
+    for (const MMS_WIRE_Part& part : message.parts())
+        qInfo() << part.name() << part.mediaType() << part.payload().size();
+    return message.isSound() ? 0 : 1;
 }

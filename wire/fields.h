@@ -9,6 +9,7 @@
 // What there is in MMS 1.0 to 1.3 (OMA-TS-MMS-ENC, sections 6 and 7.3), in tables.
 
 /// The forms of values (WSP and MMS encapsulation).
+/// @ingroup wire
 enum WIRE_FORM : unsigned char {
     FORM_ANY,           ///< by its first octet: a length and octets, a text, or one octet
     FORM_OCTET,         ///< one octet from 128 on, with words
