@@ -18,14 +18,14 @@ QString wireText(const MMS_UTIL_Entry& entry) {
     return entry.getType() == MMS_UTIL_Entry::PLMN ? address + phoneSuffix : address;
 }
 
-/// Whether a text can go out as a Text-string. A receiver takes a first octet below 32 for the length of
-/// the other form, and what stands behind so many octets for further headers.
+/// Whether a text can be sent as a Text-string. A receiver reads a first octet below 32 as the length of the
+/// other form, and what follows behind that length as further headers.
 bool isTextString(const QString& text) {
     return isAscii(text) && (text.isEmpty() || text.front() >= u' ');
 }
 
-/// Where the text says that it is a phone number, or -1. Most addresses have one "/" at the most, which
-/// is found sooner than the whole suffix.
+/// The position of the suffix of phone numbers, or -1. Most addresses have at most one "/", which is found
+/// faster than the whole suffix.
 qsizetype findPhoneSuffix(const QString& text) {
     const qsizetype slash = text.indexOf('/');
     return slash < 0 ? slash : text.indexOf(phoneSuffix, slash);

@@ -42,7 +42,7 @@ int utf8Size(const QString& text) {
     return static_cast<int>(isAscii(sent) ? sent.size() : sent.toUtf8().size());
 }
 
-/// A content type as it goes on the wire.
+/// A content type in its encoding.
 struct WireType {
     explicit WireType(const MMS_CONTENT_TYPE_T& type)
         : code(MMS_UTIL_Common::mimeTypeGetValue(type.type, type.subType)),
@@ -57,7 +57,7 @@ struct WireType {
 
     bool isRelated() const { return code == relatedMultipart; }
 
-    /// The announced length. It leaves out the quote octets that the texts may get.
+    /// The Value-length. It does not count the quote octets that the texts may get.
     int announcedLength() const {
         int length = 1;
         if (isRelated())
@@ -105,7 +105,7 @@ public:
         return result;
     }
 
-    /// Puts what was read into the parameter text, unless there was nothing or it broke off.
+    /// Stores the parameters as text, unless there were none or the input ended inside them.
     void store(QString* params) const {
         if (!complete_)
             return;
@@ -128,11 +128,11 @@ private:
         return result;
     }
 
-    /// A parameter given by its name. Of one that is not known a single octet is passed over, which
-    /// counts twice: once read as a token and once as the beginning of a name.
+    /// A parameter given by its name. Of an unknown one a single octet is skipped, which counts twice:
+    /// once as a token and once as the beginning of a name.
     unsigned char readNamed() {
         const int begin = buffer_->getPosition();
-        if (nameEnd_ < begin) // the end of the name is looked for once, not from each of its octets
+        if (nameEnd_ < begin) // search the end of the name once, not from each of its octets
             findNameEnd();
         const bool quoted = *buffer_->rest() == 0x7F;
         const QLatin1StringView name(reinterpret_cast<const char*>(buffer_->rest()) + (quoted ? 1 : 0),
@@ -219,7 +219,7 @@ unsigned char ContentTypeField::writeTo(LinearBuffer* buffer, const MMS_CONTENT_
     ValueLengthBinary::writeTo(buffer, wire.announcedLength());
     buffer->appendByte(media);
     if (wire.isRelated()) {
-        buffer->appendByte(startToken | 0x80); // before the type: receivers of this family expect it so
+        buffer->appendByte(startToken | 0x80); // before the type: receivers of this family expect this order
         PlainTextBinary::writeTo(buffer, wire.start);
         buffer->appendByte(typeToken | 0x80);
         PlainTextBinary::writeTo(buffer, wire.mprt);

@@ -46,8 +46,8 @@ constexpr int retrieveConfOrder[] = {FIELD_MESSAGE_TYPE,
                                      FIELD_CONTENT_TYPE};
 constexpr int acknowledgeOrder[] = {FIELD_MESSAGE_TYPE, FIELD_TRANSACTION_ID, FIELD_MMS_VERSION,
                                     FIELD_REPORT_ALLOWED};
-// Unlike the others, a delivery report has the version in front of the transaction id, and is written
-// with that id although a received one must have a Message-ID.
+// Unlike the others, a delivery report has the version before the transaction id, and is written with that
+// id, although a received one must have a Message-ID.
 constexpr int deliveryOrder[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION, FIELD_TRANSACTION_ID,
                                  FIELD_TO,           FIELD_DATE,        FIELD_STATUS};
 

@@ -15,8 +15,8 @@ namespace {
 constexpr unsigned char quote = 127;
 constexpr int utf8Mib = 106;
 
-/// A text as the octets that stand on the wire, without the closing zero. ASCII, as most of a header
-/// is, goes there straight from the text.
+/// The octets of a text in UTF-8, without the closing zero. ASCII, as most of a header is, is copied
+/// straight from the text.
 class WireText {
 public:
     explicit WireText(QStringView text)
@@ -66,7 +66,7 @@ unsigned char PlainTextBinary::readFrom(LinearBuffer* buffer, QString* out) {
 }
 
 unsigned char PlainTextBinary::writeTo(LinearBuffer* buffer, const QString& text) {
-    // what stands behind a zero would be read as the next header: a sender could add recipients to the reply
+    // text behind a zero would be read as the next header: a sender could add recipients to the reply
     WireText(upToZero(text)).appendTo(buffer);
     return CODEC_WRITTEN;
 }
@@ -103,7 +103,7 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer* buffer, QString* out) 
         ++text;
         --count;
     }
-    // the closing zero is looked for at a place counted from the quote, so behind one it stays
+    // the position of the closing zero is counted from the quote: behind a quote the zero stays
     if (count > 0 && block[count - 1] == 0)
         --count;
     // Only the charset 0xEA in its long form (01 EA) selects UTF-8; the short form that senders use

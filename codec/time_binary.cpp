@@ -63,7 +63,7 @@ int SecondsBinary::sizeOf(qint64 seconds) {
 }
 
 int SecondsBinary::sizeOf(const QDateTime& time) {
-    // Saves a look at the time zone: whatever it is, moments of these years take four octets.
+    // Saves a look-up of the time zone: in any zone, moments of these years take four octets.
     constexpr int firstYear = 1971;
     constexpr int lastYear = 2105;
     const int year = time.date().year();
@@ -78,7 +78,7 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, u
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     *token = buffer->readByte();
-    result = SecondsBinary::readFrom(buffer, seconds); // taken in behind an unknown token, too
+    result = SecondsBinary::readFrom(buffer, seconds); // read behind an unknown token as well
     return *token == ABSOLUTE || *token == RELATIVE ? result : static_cast<unsigned char>(CODEC_MALFORMED);
 }
 

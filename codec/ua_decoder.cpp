@@ -12,9 +12,9 @@
 
 namespace {
 
-/// Reads the name of a header that is not given by a known code. The code was read as an integer, so
-/// more octets than the one stepped back may be gone: the name is what is left.
-/// Sets `field` to the codec for the value, or to null when name and value are passed over.
+/// Reads the name of a header that has no known code. The code was read as an integer, which may have taken
+/// more octets than the one that is stepped back: the name is what is left.
+/// Sets `field` to the codec for the value, or to null when name and value are to be skipped.
 unsigned char readNamedHeader(LinearBuffer* buffer, const HeaderField** field) {
     buffer->rewind(1);
     QString name;

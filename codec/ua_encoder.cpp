@@ -49,7 +49,7 @@ unsigned char MMS_UA_Encoder::encodeByType(unsigned char type) {
     unsigned char result = CODEC_WRITTEN;
     if (const MessageKind* kind = messageKind(type))
         for (int code : kind->order)
-            result = encodeField(code); // only the last field's result is told
+            result = encodeField(code); // only the last field's result is returned
     return result;
 }
 

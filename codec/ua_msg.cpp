@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Whether a time says nothing: no date, and no time of day or midnight, which is how one of zeros looks.
+/// Whether a time is empty: no date, and no time of day or midnight, as a time made of zeros has.
 bool isNull(const QDateTime& time) {
     return time.date().isNull() && time.time().msecsSinceStartOfDay() == 0;
 }

@@ -27,8 +27,8 @@ public:
     int fd() const { return fds_.last(); }
     bool isOpen() const { return !fds_.isEmpty(); }
 
-    /// Goes one step of a path, links not followed. False when there is no such directory, or ".." would
-    /// leave the first.
+    /// Follows one step of a path, but no symbolic link. False when there is no such directory, or ".."
+    /// would leave the first one.
     bool go(const QByteArray& step) {
         if (step.isEmpty() || step == ".")
             return true;
@@ -52,13 +52,13 @@ private:
     QVarLengthArray<int, 8> fds_;
 };
 
-/// An ordinary file with no second name, which might lie anywhere.
+/// An ordinary file without a second hard link, which might be anywhere.
 bool isPlainFile(const struct stat& status) {
     return S_ISREG(status.st_mode) && status.st_nlink == 1;
 }
 
-/// Opens the file for writing, empty; -1 for anything but a plain file. Devices and pipes that wait
-/// under that name are neither waited for nor written to.
+/// Opens the file for writing and empties it; -1 for anything but a plain file. Does not wait for pipes
+/// and devices of that name, and does not write to them.
 int openPlainFile(const Descent& directory, const QByteArray& name) {
     const int fd = ::openat(directory.fd(), name.constData(),
                             O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);

@@ -29,7 +29,7 @@ public:
     /// (The array begins with a block of its own, so that all it grows by can grow in place.)
     explicit Utf8Text(qsizetype expected) : octets_(0), expected_(expected) {}
 
-    /// Adds units. False when nothing behind them counts.
+    /// Adds units. False when a NUL ended the text.
     bool append(QStringView units) {
         const qsizetype end = units.indexOf(QChar(0));
         const QStringView text = end < 0 ? units : units.first(end);
@@ -57,7 +57,7 @@ public:
     }
 
 private:
-    /// Adds units, but keeps the first half of a pair for the time when the other comes.
+    /// Adds units, but holds the first half of a surrogate pair until the other half comes.
     void appendWhole(QStringView text) {
         if (!text.isEmpty() && text.back().isHighSurrogate()) {
             half_ = text.back();

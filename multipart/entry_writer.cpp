@@ -55,13 +55,13 @@ private:
         writeText(PARAMETER_NAME, part.getContentLocation());
         if (code == MEDIA_TEXT_PLAIN || code == MEDIA_OTHER_TEXT) {
             buffer_.appendByte(PARAMETER_CHARSET);
-            // a part that names its charset goes out as US-ASCII, whatever the name; one that does
-            // not as UTF-8: deliberately this way round
+            // a part that names its charset is labelled US-ASCII, whatever the name; a part without one
+            // is labelled UTF-8: deliberately this way round
             buffer_.appendByte(part.getCharset().isEmpty() ? charsetUtf8 : charsetUsAscii);
         }
     }
 
-    /// The location goes out twice, since phones look for it in either place.
+    /// The location is written twice, because phones look for it in either place.
     void writeHeaders(const MMS_COMP_SMILMultipartBodypart& part) {
         const QString id = part.getContentID();
         if (id.startsWith('<')) {
@@ -86,7 +86,7 @@ private:
     int lengthsSize_ = 0; // of the lengths, which stand right before the content type
 };
 
-/// The head, made already, and the part's payload behind it.
+/// The finished head, and the part's payload behind it.
 unsigned char writeOctets(LinearBuffer* out, const unsigned char* head, int headLength,
                           const MMS_COMP_SMILMultipartBodypart& part) {
     // The length that the head announces counts sub-bodies; what follows is the part's own payload alone.

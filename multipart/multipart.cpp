@@ -215,7 +215,7 @@ void MMS_COMP_SMILMultipart::isContainAttachImgAudio(bool* attachment, bool* ima
         bool* found;
         const char* type;
     } media[] = {{image, "image"}, {audio, "audio"}, {video, "video"}};
-    // the presentation part counts for these, too; the type must be written in lower case
+    // includes the presentation part; the type is compared in lower case only
     for (const auto& kind : media)
         if (kind.found)
             *kind.found = std::any_of(parts_.begin(), parts_.end(), [&kind](const Part* part) {

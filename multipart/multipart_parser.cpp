@@ -18,7 +18,7 @@
 
 namespace {
 
-/// Where "name=" begins in a text of parameters, be it the end of a longer name; -1 for nowhere.
+/// Where "name=" begins in a text of parameters, also as the end of a longer name; -1 when absent.
 qsizetype findParam(QStringView params, QStringView name) {
     qsizetype at = params.indexOf(name);
     while (at >= 0 && !params.sliced(at + name.size()).startsWith(u'='))

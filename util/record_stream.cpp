@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int RECORD_FORMAT = QDataStream::Qt_2_1; // what the phones have stored since their first edition
+constexpr int RECORD_FORMAT = QDataStream::Qt_2_1; // the format in which phones store records
 static_assert(sizeof(QChar) == 2, "a text is stored as units of two octets");
 
 constexpr quint32 NULL_TEXT = 0xFFFFFFFF;

@@ -80,11 +80,11 @@ std::optional<qint32> timeWithUnit(QStringView text) {
     for (const TimeUnit& unit : TIME_UNITS)
         if (text.endsWith(unit.suffix))
             return scaled(text.chopped(unit.suffix.size()), unit.factors);
-    return std::nullopt; // a bare number has no meaning, on purpose
+    return std::nullopt; // a bare number has no meaning, deliberately
 }
 
 /// Minutes:seconds.fraction, the fraction being milliseconds as it stands: 0:01.5 is 1005. It has to
-/// be there, on purpose: 1:30 is no time.
+/// be there, deliberately: 1:30 is no time.
 std::optional<qint32> clockTime(QStringView text) {
     const qsizetype colon = text.indexOf(u':');
     const QStringView rest = text.sliced(colon + 1);
@@ -111,7 +111,7 @@ std::optional<qint32> scanTime(QStringView text) {
     case 1:
         return clockTime(text);
     default:
-        return std::nullopt; // hours:minutes:seconds is not read, on purpose
+        return std::nullopt; // hours:minutes:seconds is not read, deliberately
     }
 }
 
@@ -157,7 +157,7 @@ void readTime(const QString text, MMS_COMP_SMIL_TIME& time) {
             time.value = atBegin ? AT_BEGIN : AT_END;
             return;
         }
-        // The parentheses around the offset, taken off whatever they are.
+        // Drops the parentheses around the offset, or whatever is in their place.
         rest.chop(std::min<qsizetype>(rest.size(), 1));
         rest = rest.sliced(std::min<qsizetype>(rest.size(), 1));
     } else {

@@ -98,7 +98,7 @@ constexpr MediaType MEDIA_TYPES[] = {
 };
 static_assert(std::size(MEDIA_TYPES) == 0x4C);
 
-/// What stands for every number without a media type of its own.
+/// The name for every number without a media type.
 constexpr MediaType UNKNOWN_TYPE = {"application", "octet-stream"};
 constexpr unsigned char UNKNOWN_CODE = 0x7F;
 
@@ -137,7 +137,7 @@ bool isName(const QString& text, std::string_view name) {
 
 QString MMS_UTIL_Common::getTmpDir() {
     const QString path = QDir::tempPath(); // empty where TMPDIR names no directory
-    // what a message names must never be written below the root directory
+    // never the root directory: a message would choose which file to overwrite
     const bool usable = path != u"/" && QFileInfo(path).isDir();
     return usable ? path + u'/' : QStringLiteral("/tmp/");
 }

@@ -142,7 +142,7 @@ int MMS_COMP_SMILLayout::setRootLayout(QDomElement* element) {
 }
 
 size_t MMS_COMP_SMILLayout::SameValues::operator()(const MMS_COMP_SMILRegion* region) const {
-    // seeded, so that nobody can choose regions that all fall together
+    // seeded, so that a sender cannot choose regions whose hashes collide
     return qHashMulti(QHashSeed::globalSeed(), region->height_, region->width_, region->top_, region->left_,
                       region->id_, static_cast<int>(region->fit_));
 }

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int NOT_GIVEN = -1;
 
-/// Where the sign and the decimal digits from `from` on end.
+/// The end of the sign and decimal digits that begin at `from`.
 qsizetype signEnd(QStringView text, qsizetype from) {
     return from < text.size() && (text[from] == u'+' || text[from] == u'-') ? from + 1 : from;
 }
@@ -21,8 +21,8 @@ qsizetype digitsEnd(QStringView text, qsizetype from) {
     return from;
 }
 
-/// The text without its unit. That the unit stands at the end is taken for granted: "px100" gives
-/// "px1", as on the phones.
+/// The text without its unit, which is assumed to be at the end: "px100" gives "px1", as it does on the
+/// phones.
 QString withoutUnit(const QString& text) {
     if (shortNumber(text)) // as most measures are
         return text;

@@ -61,7 +61,7 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement* element, MMS_COMP_SMILM
     setData(part);
     if (!part)
         return CONTENT_MISSING;
-    // A part comes with one reference, which is that of the first object linked to it.
+    // A new part has one reference already, for the first object linked to it.
     if (part->getDispFileType() == LINKED_PART)
         part->setRefCount(part->getRefCount() + 1);
     part->setDispFileType(LINKED_PART);
@@ -121,7 +121,7 @@ bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject* target,
     target->setSrc(src_);
     target->setRegionId(regionId_);
     target->setMimeType(mimeType_);
-    // The copy begins at this object's end and keeps its own end. Copies of presentations carry it so.
+    // The copy begins at this object's end and keeps its own end: deliberate, stored presentations have it.
     target->begin_ = end_;
     target->setAlt(alt_);
     for (const MMS_COMP_SMILMediaObjectParam* param : params_)

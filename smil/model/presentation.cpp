@@ -72,7 +72,7 @@ MMS_COMP_SMILRegion* MMS_COMP_SMILData::appendRegion(float left, float top, floa
 MMS_COMP_SMILRegion* MMS_COMP_SMILData::appendRegion(const QString& left, const QString& top,
                                                      const QString& width, const QString& height,
                                                      const QString& fit, const QString& id) {
-    // The unit is one for the whole document, and no region turns it back to pixels.
+    // There is one unit for the whole document, and no region sets it back to pixels.
     for (const QString& text : {left, top, width, height})
         if (text.contains(u'%'))
             measureUnit_ = MMS_COMP_SMIL_UNIT_PERCENT;
@@ -190,7 +190,7 @@ void MMS_COMP_SMILData::setMultiPart(MMS_COMP_SMILMultipart* multipart) {
 
 bool MMS_COMP_SMILData::copyLayoutTo(MMS_COMP_SMILData* target) const {
     target->setLayoutMeasureUnit(measureUnit_);
-    // Copies of a presentation do without the background colour.
+    // The background colour is not copied, deliberately.
     if (const MMS_COMP_SMILRootLayout* root = getRootLayout())
         target->setRootLayout(root->getWidth(), root->getHeight());
     for (const MMS_COMP_SMILRegion* region : layout_.getRegionList()) {

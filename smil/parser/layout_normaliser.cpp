@@ -30,8 +30,8 @@ void append(MMS_COMP_SMILData& data, const StandardRegion& region) {
                       region.id);
 }
 
-/// Renames the region and what refers to it. Region after region, and so deliberately blind to a name
-/// that is both old and new: in a layout of "image" above "text" everything ends up in "image".
+/// Renames the region and what refers to it, one region after the other. A name that is both old and new
+/// is deliberately not handled: in a layout of "image" above "text" everything ends up in "image".
 void relabel(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& region, const QString& id) {
     MMS_COMP_SMILParser::updateObjectRegionId(&data, region.getId(), id);
     region.setId(id);

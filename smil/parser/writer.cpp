@@ -127,7 +127,7 @@ void writeObject(Output& out, const MMS_COMP_SMILMediaObject& object, const Medi
         out << u" src=\"" << src << u"\"";
     if (!alt.isEmpty())
         out << u" alt=\"" << alt << u"\"";
-    // Sound needs no place on the screen, and the phones show a video without one, on purpose.
+    // Audio needs no region, and deliberately none is written for a video: the phones expect it so.
     const bool placed = kind.type != MMS_COMP_SMIL_MEDIA_AUDIO && kind.type != MMS_COMP_SMIL_MEDIA_VIDEO;
     if (placed && !QStringView(region).trimmed().isEmpty())
         out << u" region=\"" << region << u"\"";
