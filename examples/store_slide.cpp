@@ -22,10 +22,14 @@ int main(int argc, char** argv) {
         return 2;
 
     // the stream's status tells whether the record was whole
+    MMS_COMP_SMILMultipart storedBody;
     MMS_COMP_SMILTimingContainer stored(nullptr);
     QDataStream in(&file);
     if (!stored.readFromStream(in) || in.status() != QDataStream::Ok)
         return 1;
+    // the body parts of a record belong to the program until a container takes them over
+    for (const MMS_COMP_SMILMediaObject* object : stored)
+        storedBody.appendBodypart(object->getData());
     qInfo() << stored.getDur() << "ms" << stored.getTextElem()->getData()->getBodyData().data();
     stored.clear(); // the parts of a record are the reader's: this deletes them
     return 0;
