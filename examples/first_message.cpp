@@ -5,7 +5,9 @@
 
 int main(int argc, char** argv) {
     QFile file(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));
-    const QByteArray pdu = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (!file.open(QIODevice::ReadOnly))
+        return 2;
+    const QByteArray pdu = file.readAll();
     MMS_WIRE_Reader message;
     message.read(pdu);
     MMS_UA_UAMsg header;

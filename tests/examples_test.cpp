@@ -34,8 +34,8 @@ TEST(Examples, composeReadAndEdit) {
                                                                   "saved \"seen/picture1.jpg\"\n");
     EXPECT_EQ(contents(folder.filePath("seen/picture1.jpg")), contents(folder.filePath("sea.jpg")));
     EXPECT_EQ(run(folder, "first_message", {"first.mms"}).section('\n', 0, 1),
-              "\"+15550101\" \"Holidays\"\n\"file0\" \"application/smil\" 416");
-    EXPECT_EQ(run(folder, "first_message", {"missing"}, 1), "\"\" \"\"\n");
+              "\"+15550101\" \"Holidays\"\n\"\" \"application/smil\" 417");
+    EXPECT_EQ(run(folder, "first_message", {"missing"}, 2), "");
     EXPECT_EQ(run(folder, "file_type", {"sea.jpg"}),
               "\"sea.jpg\" \"image/jpeg\" WSP number 30 extension \"jpg\"\n");
     EXPECT_EQ(run(folder, "slide_text", {"first.mms", "1"}), "Greetings from the sea\n");
