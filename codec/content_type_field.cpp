@@ -46,9 +46,11 @@ int utf8Size(const QString& text) {
 struct WireType {
     explicit WireType(const MMS_CONTENT_TYPE_T& type)
         : code(MMS_UTIL_Common::mimeTypeGetValue(type.type, type.subType)),
-          isShort(!isRelated() && type.parameters.isEmpty()),
-          appId(ContentTypeField::appIDOf(type.parameters)),
-          replyId(ContentTypeField::replyAppIDOf(type.parameters)) {
+          isShort(!isRelated() && type.parameters.isEmpty()) {
+        if (type.parameters.contains(u'-')) { // as the names of both have it
+            appId = ContentTypeField::appIDOf(type.parameters);
+            replyId = ContentTypeField::replyAppIDOf(type.parameters);
+        }
         if (!isRelated())
             return;
         mprt = ContentTypeField::mprtOf(type.parameters);

@@ -147,14 +147,12 @@ MMS_COMP_SMILMultipartBodypart* MMS_COMP_SMILMultipart::getContentBySrc(const QS
     }
     Part* linked = nullptr;
     for (Part* part : parts_) {
-        const int type = part->getDispFileType();
-        if (type != Part::ORDINARY_PART && (type != Part::PRESENTATION_PART || linked))
-            continue;
         if (!reference.means(*part))
             continue;
-        if (type == Part::ORDINARY_PART)
+        if (part->getDispFileType() == Part::ORDINARY_PART)
             return part;
-        linked = part;
+        if (part->getDispFileType() == Part::PRESENTATION_PART && !linked)
+            linked = part;
     }
     return linked;
 }

@@ -13,6 +13,7 @@
 #include <QHash>
 #include <QStringBuilder>
 
+#include <algorithm>
 #include <limits>
 #include <optional>
 
@@ -43,18 +44,24 @@ QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
 /// body are of a few types.
 class Extensions {
 public:
-    QString of(const MMS_COMP_SMILMultipartBodypart& part) {
+    const QString& of(const MMS_COMP_SMILMultipartBodypart& part) {
         const std::pair type(part.getContentType(), part.getSubType());
-        auto known = found_.constFind(type);
-        if (known == found_.cend())
-            known =
-                found_.insert(type, MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type.first, type.second));
-        return *known;
+        QString& extension = found_[type];
+        if (extension.isNull()) // not looked up yet; a type without one has an empty text
+            extension = MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type.first, type.second);
+        return extension;
     }
 
 private:
     QHash<std::pair<QString, QString>, QString> found_;
 };
+
+/// Whether no part is to be called after its display file name.
+bool onlyFiles(const BodypartList& parts) {
+    return std::all_of(parts.begin(), parts.end(), [](const MMS_COMP_SMILMultipartBodypart* part) {
+        return !part->getContentLocation().isEmpty() || part->getDispFileName().isEmpty();
+    });
+}
 
 /// The container as octets; the null array with a result other than CODEC_WRITTEN.
 QArray<char> encoded(MMS_COMP_SMILMultipart* body, unsigned char* result) {
@@ -152,7 +159,7 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
     for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
         if (part->getContentLocation().isEmpty()) {
             if (!names)
-                names.emplace(body->parts_);
+                names.emplace(body->parts_, onlyFiles(body->parts_) ? PartNames::attachmentPrefix : u"");
             const QString shown = part->getDispFileName();
             const QString location = shown.isEmpty() ? names->uniqueAttachmentLocation(extensions.of(*part))
                                                      : names->uniqueLocation(shown);

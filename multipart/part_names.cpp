@@ -1,35 +1,36 @@
 #include "multipart/part_names.h"
 
-#include "multipart/multipart.h"
+#include "multipart/body_part.h"
+#include "multipart/part_reference.h"
+#include "util/lowered.h"
 #include "util/mms_comp_util.h"
 #include "util/unique_name.h"
 
 #include <QUrl>
 
-namespace {
-
-QString bareId(const QString& reference) {
-    return MMS_COMP_SMILMultipart::parseCid(reference.trimmed()).toLower();
-}
-
-} // namespace
-
-PartNames::PartNames(const BodypartList& parts) {
+PartNames::PartNames(const BodypartList& parts, QStringView prefix) : prefix_(prefix) {
     locations_.reserve(parts.count());
     for (const MMS_COMP_SMILMultipartBodypart* part : parts)
         add(*part);
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart& part) {
-    const QString id = bareId(part.getContentID());
-    if (!id.isEmpty()) // an empty reference finds no Content-ID
-        contentIds_.insert(id);
+    const QString reference = part.getContentID();
+    const QStringView id = bareContentId(QStringView(reference).trimmed());
+    if (!id.isEmpty() && startsWithLowered(id, prefix_)) // an empty reference finds no Content-ID
+        contentIds_.insert(lowered(id.toString()));
     addLocation(part.getContentLocation());
 }
 
+void PartNames::addLocation(const QString& location) {
+    if (startsWithLowered(location, prefix_))
+        locations_.insert(lowered(location));
+}
+
 bool PartNames::contains(const QString& name) const {
-    return locations_.contains(name.toLower()) ||
-           (!contentIds_.isEmpty() && contentIds_.contains(bareId(name)));
+    return locations_.contains(lowered(name)) ||
+           (!contentIds_.isEmpty() &&
+            contentIds_.contains(lowered(bareContentId(QStringView(name).trimmed()).toString())));
 }
 
 QString PartNames::uniqueLocation(const QString& name) const {

@@ -8,7 +8,7 @@ QStringView bareContentId(QStringView reference) {
         reference = reference.sliced(1);
     if (reference.endsWith('>'))
         reference.chop(1);
-    if (reference.startsWith(u"cid:", Qt::CaseInsensitive))
+    if (startsWithLowered(reference, u"cid:"))
         reference = reference.sliced(4);
     return reference;
 }
@@ -28,7 +28,7 @@ PartReference::PartReference(const MMS_COMP_SMILMultipartBodypart& part)
       idKey_(part.locationIdKey_) {
 }
 
-bool PartReference::means(const MMS_COMP_SMILMultipartBodypart& part) const {
+bool PartReference::meansByName(const MMS_COMP_SMILMultipartBodypart& part) const {
     if (part.locationKey_ == textKey_ && equalLowered(part.contentLocation_, text_))
         return true;
     const QStringView id = part.contentId_;

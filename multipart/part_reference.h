@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QStringView>
+#include "multipart/body_part.h"
 
-class MMS_COMP_SMILMultipartBodypart;
+#include <QStringView>
 
 /// The reference without the marks of a Content-ID, in this order: a "cid:" in front of a "<" is
 /// taken off, the "<" behind it stays.
@@ -25,9 +25,14 @@ public:
     quint32 idKey() const { return idKey_; }
 
     /// Whether it is the part's Content-ID or Content-Location.
-    bool means(const MMS_COMP_SMILMultipartBodypart& part) const;
+    bool means(const MMS_COMP_SMILMultipartBodypart& part) const {
+        // most parts are told apart by their keys: looking for one among many does little else
+        return (part.locationKey_ == textKey_ || part.idKey_ == idKey_) && meansByName(part);
+    }
 
 private:
+    bool meansByName(const MMS_COMP_SMILMultipartBodypart& part) const;
+
     QStringView text_;
     QStringView id_;
     quint32 textKey_;

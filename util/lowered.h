@@ -70,6 +70,24 @@ inline quint32 loweredKey(QStringView text) {
     return key;
 }
 
+/// text.toLower(), which is the text itself for most names: found out in a fraction of the time.
+inline QString lowered(const QString& text) {
+    const bool isLower = std::all_of(text.begin(), text.end(), [](QChar c) {
+        return c.unicode() < 0x80 && loweredAscii(c.unicode()) == c.unicode();
+    });
+    return isLower ? text : text.toLower();
+}
+
+/// Whether a text begins with a word of ASCII, given in lower case.
+constexpr bool startsWithLowered(QStringView text, QStringView word) {
+    if (text.size() < word.size())
+        return false;
+    for (qsizetype i = 0; i < word.size(); ++i)
+        if (loweredAscii(text[i].unicode()) != word[i].unicode())
+            return false;
+    return true;
+}
+
 /// Whether two texts are equal in lower case, as a.toLower() == b.toLower() has it. Copies nothing.
 inline bool equalLowered(QStringView a, QStringView b) {
     if (a == b)

@@ -33,7 +33,10 @@ QString cutBase(const QString& base, const QString& ext) {
 
 QString numberedName(const QString& before, const QString& after, const NameTaken& taken, int* number) {
     int fromZero = 0;
-    QString name = before;
+    constexpr qsizetype digits = 10; // of an int
+    QString name;
+    name.reserve(before.size() + digits + after.size());
+    name += before;
     for (int& n = number ? *number : fromZero;; ++n) {
         name.truncate(before.size());
         name += QString::number(n);
