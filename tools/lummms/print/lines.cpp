@@ -9,6 +9,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
 #include <cstdio>
 #include <unistd.h>
 
@@ -24,8 +25,11 @@ QByteArray answer(const Origin& origin, QJsonObject json, const QString& error) 
     json.insert(origin.key, origin.value);
     if (!error.isEmpty())
         json.insert("error", error);
-    const QByteArray text = QJsonDocument(json).toJson(QJsonDocument::Compact);
-    return printableLines(QString::fromUtf8(text)).toUtf8() + '\n';
+    QByteArray text = QJsonDocument(json).toJson(QJsonDocument::Compact);
+    // most messages are plain ASCII; in others there may be what some readers take for a line end
+    if (!std::all_of(text.cbegin(), text.cend(), [](char c) { return c >= ' ' && c < '\x7F'; }))
+        text = printableLines(QString::fromUtf8(text)).toUtf8();
+    return text += '\n';
 }
 
 QByteArray answerOf(const Origin& origin, Message& message, int& status) {
