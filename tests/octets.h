@@ -3,6 +3,7 @@
 // Octets as they are written down in tests, seeds and shapes of bad input.
 
 #include <QByteArray>
+#include <QByteArrayList>
 
 /// Octets written in hexadecimal, blanks as you like: octets("8C 80 8D 90").
 inline QByteArray octets(const char* hex) {
@@ -36,4 +37,16 @@ inline QByteArray uintvar(qsizetype value) {
 /// An entry of a multipart: its lengths, its head (content type and headers) and its data.
 inline QByteArray entry(const QByteArray& head, const QByteArray& data = QByteArray()) {
     return uintvar(head.size()) + uintvar(data.size()) + head + data;
+}
+
+/// An entry whose content type, below 31 octets, is given without its length.
+inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers, const QByteArray& data) {
+    return entry(char(contentType.size()) + contentType + headers, data);
+}
+
+/// The body of a message, and its content type: a presentation and further parts.
+inline QByteArray related(const QByteArray& smil, const QByteArrayList& parts) {
+    return octets("84 18 B3 8A") + zeroed("<s>") + octets("89") + zeroed("application/smil") +
+           char(1 + parts.size()) + entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil) +
+           parts.join();
 }

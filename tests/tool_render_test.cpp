@@ -1,8 +1,11 @@
+#include "tests/attack_pictures.h"
 #include "tests/tool_runner.h"
 
 #include <QBuffer>
 #include <QColor>
 #include <QImage>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -27,6 +30,12 @@ QByteArray scans(int count) {
     image.fill(Qt::red);
     return file(image, "JPEG") + octets("FF DA 00 02").repeated(count - 1);
 }
+
+#if defined(__SANITIZE_ADDRESS__) || defined(__clang__) // a sanitizer takes memory of its own
+constexpr long MOST_KILOBYTES = std::numeric_limits<long>::max();
+#else
+constexpr long MOST_KILOBYTES = 300 * 1024;
+#endif
 
 class RenderTest : public ToolTest {
 protected:
@@ -140,6 +149,55 @@ TEST_F(RenderTest, ThePageHoldsEverythingOnceAndNoMarkupOfTheMessage) {
          {"&lt;img src=x onerror=alert(2)&gt;</title>",
           "&lt;/p&gt;&lt;script&gt;alert(1)&lt;/script&gt; &amp; &quot;more&quot;", "default-src 'none'"})
         EXPECT_TRUE(page.contains(piece)) << piece;
+}
+
+TEST_F(RenderTest, AttacksTakeLittleMemoryAndRoom) {
+    constexpr int size = 100 * 1024;
+    for (const RenderAttack& attack : renderAttacks()) {
+        write("m.mms", attack.make(size));
+        for (const char* output : {"s.png", "s.html"}) {
+            const Outcome outcome =
+                lummms({"render", path("m.mms"), "--scale", "1", "--force", "-o", path(output)});
+            EXPECT_EQ(outcome.status, 0) << attack.name << ' ' << outcome.err.constData();
+            EXPECT_LE(outcome.err.count('\n'), 2) << outcome.err.constData();
+        }
+        EXPECT_LE(read("s.html").size(), 2 * size + 500'000) << attack.name;
+    }
+    rusage used;
+    ASSERT_EQ(getrusage(RUSAGE_CHILDREN, &used), 0);
+    EXPECT_LE(used.ru_maxrss, MOST_KILOBYTES);
+}
+
+TEST_F(RenderTest, APictureIsDecodedWithoutItsAncillaryChunks) {
+    const QByteArray plain = halves(120, 160);
+    const QByteArray text = attack::chunk(raw("zTXtk\0\0") + attack::zeros(1000));
+    const QByteArray smil = LAYOUT + "<par><img src=\"p\" region=\"image\"/></par>" + END;
+    for (const QByteArray& png : {plain.first(33) + text + plain.sliced(33), // before the pixels
+                                  plain.chopped(12) + text + plain.last(12), // behind them
+                                  plain + text, plain + octets("FF FF FF FF")}) {
+        write("m.mms",
+              octets("8C 84 8D 90") + related(smil, {entry(octets("A0"), octets("8E") + zeroed("p"), png)}));
+        const Outcome outcome =
+            lummms({"render", path("m.mms"), "--scale", "1", "--force", "-o", path("s.png")});
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(pixel(QImage(path("s.png")), 0, 30, 200), QColor(Qt::red));
+    }
+}
+
+TEST_F(RenderTest, RegionsStandWhereTheSenderPutThem) {
+    const QByteArray percent = "<smil><head><layout><root-layout width=\"200\" height=\"100\"/>"
+                               "<region id=\"a\" left=\"50%\" top=\"20%\" width=\"50%\" height=\"80%\" "
+                               "fit=\"fill\"/><region id=\"b\"/><region "
+                               "id=\"c\"/></layout></head><body><par><img src=\"wide.png\" region=\"a\"/>"
+                               "</par></body></smil>";
+    ASSERT_EQ(render(percent, "s.png", {"--scale", "1"}).status, 0);
+    const QImage image(path("s.png"));
+    EXPECT_EQ(image.width(), 212);
+    EXPECT_EQ(pixel(image, 0, 90, 50), QColor(Qt::white));
+    EXPECT_EQ(pixel(image, 0, 110, 22), QColor(Qt::red));
+    EXPECT_EQ(pixel(image, 0, 190, 95), QColor(Qt::blue));
+    ASSERT_EQ(render(percent, "s.png", {"--scale", "1", "--phone"}).status, 0);
+    EXPECT_EQ(QImage(path("s.png")).width(), 132);
 }
 
 } // namespace

@@ -24,7 +24,7 @@ struct PictureHeader {
 PictureHeader readPictureHeader(const MMS_COMP_SMILMultipartBodypart& part);
 
 /// What one picture of a stranger may take, in megabytes; all else that is drawn needs room beside it.
-constexpr int DECODER_MEGABYTES = 96;
+constexpr int DECODER_MEGABYTES = 160;
 
 /// Whether the picture can be decoded at all, larger or smaller, in so much memory.
 bool fitsMemory(const PictureHeader& header, int megabytes = DECODER_MEGABYTES);
