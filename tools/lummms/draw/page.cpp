@@ -116,10 +116,11 @@ QString SlidesWriter::slide(const SlideView& view, int number, const QString& la
     linesAside_ = std::max(linesAside_, linesAside);
     if (!aside.isEmpty())
         aside = QStringLiteral("<ul class=\"aside\">%1</ul>\n").arg(aside);
-    return QStringLiteral("<section class=\"slide\" aria-label=\"Slide %1\" data-duration=\"%2\" "
-                          "data-label=\"%3\" data-page=\"%4\" data-text=\"%5\" hidden>\n"
+    return QStringLiteral("<section class=\"slide\" aria-label=\"Slide %1 of %2\" "
+                          "data-duration=\"%3\" data-label=\"%4\" data-page=\"%5\" data-text=\"%6\" hidden>\n"
                           "<div class=\"screen\">\n")
                .arg(number)
+               .arg(views_.count())
                .arg(view.duration)
                .arg(label, view.page.name(), view.text.name()) +
            screen + QStringLiteral("</div>\n") + aside + QStringLiteral("</section>\n");

@@ -133,7 +133,7 @@ function show(index) {
     slides.forEach((slide, i) => { slide.hidden = i !== current; });
     const slide = slides[current];
     fill(slide);
-    byId("place").textContent = "Slide " + (current + 1) + " of " + slides.length + " · " + slide.dataset.label;
+    byId("place").textContent = slide.getAttribute("aria-label") + " · " + slide.dataset.label;
     byId("back").setAttribute("aria-disabled", current === 0);
     byId("next").setAttribute("aria-disabled", current + 1 === slides.length);
     if (clock)
