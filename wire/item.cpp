@@ -47,8 +47,8 @@ QString isoTime(quint64 seconds) {
     constexpr quint64 lastSecond = 253402300799;
     if (seconds > lastSecond)
         return QString();
-    return QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds), QTimeZone::utc())
-        .toString(Qt::ISODate);
+    const QDateTime time = QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds), QTimeZone::utc());
+    return time.toUTC().toString(Qt::ISODate); // with "Z", not with the zone's "+00:00"
 }
 
 QString asText(const char* word) {

@@ -74,7 +74,7 @@ std::optional<QString> shownXml(const QByteArray& octets) {
         return text;
     QStringDecoder decode(declared.constData());
     const QString declaredText = decode.isValid() ? QString(decode(octets)) : QString();
-    const qsizetype declaration = reader.characterOffset();
+    const auto declaration = static_cast<qsizetype>(reader.characterOffset()); // no further than octets
     if (declaredText.first(std::min(declaration, declaredText.size())) !=
         text.first(std::min(declaration, text.size())))
         return std::nullopt;

@@ -8,22 +8,19 @@ class Difference(Exception):
     """tshark prints something else than the octets that it read say."""
 
 
+CHARSETS = {3: "ascii", 4: "latin-1", 106: "utf-8"}  # by their IANA numbers
+
+
 def encoded_text(octets):
-    """The text of a Text-string, or of an Encoded-string-value: its length, its charset, its octets."""
+    """A Text-string, or an Encoded-string-value: its length, its charset, its octets. The text, and the charset."""
+    charset, at = 106, 0
     if octets[0] < 0x20:
         length, at = (octets[0], 1) if octets[0] < 31 else uintvar(octets, 1)
         assert at + length == len(octets), octets
-        if octets[at] & 0x80:
-            charset, at = octets[at] & 0x7F, at + 1
-        else:
-            size = octets[at]
-            charset, at = int.from_bytes(octets[at + 1:at + 1 + size], "big"), at + 1 + size
-    else:
-        charset, at = 106, 0
-    text = octets[at:].removesuffix(b"\0")
-    if text[:1] == b"\x7f":  # a quote, in front of a first character beyond ASCII
-        text = text[1:]
-    return text, {3: "ascii", 4: "latin-1", 106: "utf-8"}[charset]
+        size = 0 if octets[at] & 0x80 else octets[at]
+        charset = int.from_bytes(octets[at + 1:at + 1 + size], "big") if size else octets[at] & 0x7F
+        at += 1 + size
+    return octets[at:].partition(b"\0")[0].removeprefix(b"\x7f"), CHARSETS.get(charset)  # without its quote
 
 
 def uintvar(octets, at):
@@ -34,8 +31,13 @@ def uintvar(octets, at):
 
 
 def value(shown, octets):
-    """tshark takes all texts for ASCII: what it prints must be that, and what the octets say is the text."""
+    """tshark takes all texts for ASCII: what it prints must be that, and what the octets say is the text.
+
+    None for a text in a charset that is not known.
+    """
     raw, charset = encoded_text(octets)
+    if charset is None:
+        return None
     if shown.removeprefix("\x7f") not in (raw.decode(charset), raw.decode("ascii", "replace")):
         raise Difference(f"{shown!r} for {raw!r}")
     return raw.decode(charset)
@@ -46,20 +48,16 @@ def text(shown, octets):
 
 
 def address(shown, octets):
-    """An address with its type: 0 e-mail, 1 phone number."""
+    """An address, its type left out where it is a phone number's."""
     whole = text(shown, octets)
-    bare = whole.removesuffix("/TYPE=PLMN")
-    name, bracket, inner = bare.removesuffix(">").partition("<")
-    return {"name": name.strip() if bracket else "", "address": inner if bracket else bare}
+    return whole and whole.removesuffix("/TYPE=PLMN")
 
 
 def sender(shown, octets):
-    """Length, token and address; without an address the network inserts one."""
+    """Length, token, and an address; none if the network is to insert it."""
     length, at = (octets[1], 2) if octets[1] < 31 else uintvar(octets, 2)
     assert at + length == len(octets), octets
-    if octets[at] == 0x81:
-        return {"name": "NoBody", "address": ""}
-    return address(shown, octets[at:])
+    return "" if octets[at] == 0x81 else address(shown, octets[at:])
 
 
 def number(shown, _):
@@ -111,12 +109,21 @@ FIELDS = [
     ("deliveryReport", "delivery_report", yes),
     ("readReply", "read_report", yes),
     ("reportAllowed", "report_allowed", yes),
+    ("retrieveStatus", "retrieve_status", number),
+    ("retrieveText", "retrieve_text", text),
+    ("readStatus", "read_status", number),
+    ("replyCharging", "reply_charging", number),
+    ("replyChargingId", "reply_charging_id", text),
+    ("replyChargingSize", "reply_charging_size", number),
 ]
 LISTS = ("to", "cc", "bcc")
+# the codes of those that are not in the header record, or do not fit there
+OTHER_CODES = {0x0E: "messageSize", 0x19: "retrieveStatus", 0x1A: "retrieveText", 0x1B: "readStatus",
+               0x1C: "replyCharging", 0x1E: "replyChargingId", 0x1F: "replyChargingSize"}
 
 
 def of_tshark(message):
-    """The fields that tshark printed, in our form."""
+    """The fields that tshark printed, in our form; the first of each where there is to be one."""
     fields = {}
     for name, known, reader in FIELDS:
         shown, raw = message.get("mmse." + known), message.get(f"mmse.{known}_raw")
@@ -124,23 +131,28 @@ def of_tshark(message):
             continue
         if not isinstance(shown, list):
             shown, raw = [shown], [raw]
-        values = [reader(each, bytes.fromhex(octets[0])) for each, octets in zip(shown, raw, strict=True)]
+        wanted = len(shown) if name in LISTS else 1
+        values = [reader(each, bytes.fromhex(octets[0])) for each, octets in zip(shown[:wanted], raw)]
         fields[name] = values if name in LISTS else values[0]
     return fields
 
 
 def of_lummms(shown):
     """The same fields of what `lummms show --json` printed."""
-    def bare(entry):
-        return {"name": entry["name"], "address": entry["address"]}
+    def whole(entry):
+        if entry["type"] == 2:
+            return ""
+        return f"{entry['name']} <{entry['address']}>" if entry["name"] else entry["address"]
 
-    header = {name: value for name, value in {**shown, **shown["header"]}.items()
-              if name in (row[0] for row in FIELDS)}
+    header = {OTHER_CODES.get(field.get("code")): field.get("value", field.get("text"))
+              for field in reversed(shown["otherFields"])}
+    header.update(shown["header"], date=shown.get("date"))
+    header = {name: header[name] for name, *_ in FIELDS if header.get(name) is not None}
     for name in LISTS:
         if name in header:
-            header[name] = [bare(entry) for entry in header[name]]
+            header[name] = [whole(entry) for entry in header[name]]
     if "from" in header:
-        header["from"] = bare(header["from"])
+        header["from"] = whole(header["from"])
     return header
 
 
