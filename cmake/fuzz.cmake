@@ -1,6 +1,6 @@
 # The fuzz targets, fuzz/*_fuzz.cpp: as TARGET_fuzz with the fuzzer, and as replay_TARGET, which the tests run over
 # stored inputs with any compiler.
-set(LUM_FUZZ_TARGETS header body smil records message)
+set(LUM_FUZZ_TARGETS header body wire smil records message)
 
 # lum_fuzz_program(name target source...): a program of one target.
 function(lum_fuzz_program name target)

@@ -107,7 +107,8 @@ void seedMessages() {
         seed("header", name, encoded);
         seed("body", name, octets);
         const bool hasBody = type == MESSAGE_SEND_REQ || type == MESSAGE_RETRIEVE_CONF;
-        seed("message", name, hasBody ? encoded + octets : encoded);
+        for (const char* target : {"message", "wire"})
+            seed(target, name, hasBody ? encoded + octets : encoded);
     }
 }
 
@@ -142,6 +143,7 @@ void seedByHand() {
         requireRead(MMS_UA_Decoder().decodeHeader(head, size, &header), row.name);
         seed("header", row.name, row.octets);
         seed("message", row.name, row.octets);
+        seed("wire", row.name, row.octets);
     }
     const struct {
         const char* name;
@@ -166,6 +168,7 @@ void seedByHand() {
                     row.name);
         seed("body", row.name, row.octets);
         seed("message", row.name, start + octets("84 A3") + row.octets);
+        seed("wire", row.name, start + octets("84 A3") + row.octets);
     }
     int i = 0;
     for (const char* smil : presentations) {
@@ -175,6 +178,38 @@ void seedByHand() {
         seed("smil", "edited" + number,
              octets("13 00 00 01 00 02 01 00 0B 01 02 00 11 00 00 04 05 01 12 13") + smil);
     }
+}
+
+/// What the message as it was sent has beyond the phone's reading: every field, parameter and header,
+/// charsets and transfer encodings.
+void seedWire() {
+    const QByteArray times = octets("06 80 04 53 70 78 AC"), text = raw("ab\0"), wide = octets("02 03 F7");
+    for (int code = 1; const MMS_WIRE_Field* field = wireField(code); ++code) {
+        QByteArray fields;
+        for (const QByteArray& value : {octets("80"), text, times, octets("04 EA C3 A4 00"),
+                                        octets("04 81 02 0E 10"), octets("03 80 82 85")})
+            fields += static_cast<char>(0x80 | code) + value;
+        seed("wire", QByteArray("field-") + field->name, fields);
+    }
+    const QByteArray start = octets("8C 84 8D 93 84 A3");
+    const struct {
+        const char* name;
+        QByteArray head;
+        QByteArray data;
+    } rows[] = {
+        {"base64", octets("83 C8") + raw("base64\0"), "YWJj\r\nZA=="},
+        {"printable", octets("83 C8") + raw("quoted-printable\0"), "a=3D=\r\nb=C3=A4"},
+        {"names", octets("0B 9E 85") + text + octets("98 22") + text + octets("C5 04 81 86 66 00 AE 01 82"),
+         "x"},
+        {"by-name", octets("9E") + raw("Content-ID\0\"<i>\0Content-Disposition\0inline; name=\"n\"\0"), "x"},
+        {"utf16", octets("05 83 81") + wide, octets("FF FE 61 00 00 D8")},
+        {"big5", octets("05 83 81 02 07 EA"), octets("A4 A4 A4 E5")},
+        {"nested", octets("A6"), octets("01 02 01 83 8E 78")},
+        {"parameters", octets("13 9E 80 81 05 82 93 83 85 87 64 00 88 81 8C 63 00 90 00 61 00 62 00"), "x"},
+    };
+    for (const auto& row : rows)
+        seed("wire", row.name, start + '\1' + entry(row.head, row.data));
+    seed("wire", "wide-subject", octets("96 0B") + wide + octets("7F FE FF 00 61 00 00 00"));
 }
 
 template <typename Model>
@@ -214,9 +249,11 @@ int main(int argc, char** argv) {
     root = QString::fromLocal8Bit(argv[1]);
     seedMessages();
     seedByHand();
+    seedWire();
     seedRecords();
     QFile sample(QStringLiteral(SAMPLE_MESSAGE));
     if (sample.open(QIODevice::ReadOnly))
-        seed("message", "sample", sample.readAll());
+        for (const QByteArray octets = sample.readAll(); const char* target : {"message", "wire"})
+            seed(target, "sample", octets);
     return 0;
 }

@@ -61,6 +61,11 @@ TEST(Examples, whatTheOthersPrint) {
     notification.close();
     EXPECT_EQ(run(folder, "answer_notification", {"n.mms", "a.mms"}), "1024 octets wait at \"http://a/b\"\n");
     EXPECT_EQ(contents(folder.filePath("a.mms")).toHex(), "8c83987431008d909583");
+    EXPECT_EQ(run(folder, "dump_message", {"a.mms"}), " 0 2 \"X-Mms-Message-Type\" \"m-notifyresp-ind\"\n"
+                                                      " 2 4 \"X-Mms-Transaction-Id\" \"t1\"\n"
+                                                      " 6 2 \"X-Mms-MMS-Version\" \"1.0\"\n"
+                                                      " 8 2 \"X-Mms-Status\" \"Deferred\"\n"
+                                                      "subject \"\" parts 0 other fields 0\n");
     EXPECT_EQ(run(folder, "store_slide", {"slide", "Bring a towel"}), "3000 ms Bring a towel\n");
     EXPECT_EQ(run(folder, "shared_octets", {}), "glide glide slide\n\"+15550100\" false\n");
     EXPECT_EQ(run(folder, "encode_field", {"Sea"}), "96 05 ea 53 65 61 00\nSubject \"Sea\"\n");

@@ -114,4 +114,50 @@ TEST(Memory, StaysWithinThePayloads) {
         }
 }
 
+// The tree of a message as it was sent, and the record and container filled from it: in proportion to what is
+// no payload.
+TEST(Memory, OfAMessageAsItWasSent) {
+    constexpr int size = 16 * 1024;
+    const auto many = [](const char* hex) { return octets(hex).repeated(size / octets(hex).size()); };
+    const struct {
+        const char* name;
+        QByteArray pdu;
+        qint64 payload;
+    } rows[] = {
+        {"empty texts", many("96 00"), 0},
+        {"recipients", many("97 61 00"), 0},
+        {"fields that are not known", many("D4 80"), 0},
+        {"empty parts", octets("84 B3") + uintvar(size) + many("00 00"), 0},
+        {"small parts", octets("84 B3") + uintvar(size) + many("04 00 02 83 85 61"), 0},
+        {"parameters", octets("84 1F") + uintvar(size) + many("85 61 00"), 0},
+        {"headers", octets("84 B3") + '\1' + entry('\x9E' + many("61 00 80")), 0},
+        {"a picture", octets("84 B3") + '\1' + entry("\x9E", QByteArray(size, 'x')), size},
+        {"base64",
+         octets("84 B3") + '\1' +
+             entry(zeroed("\x83\xC8"
+                          "base64"),
+                   QByteArray(size, 'x')),
+         size},
+    };
+    for (int warm = 0; warm < 2; ++warm)
+        for (const auto& row : rows) {
+            const qint64 before = inUse;
+            most = inUse;
+            MMS_WIRE_Reader reader;
+            reader.read(row.pdu);
+            const qint64 ofTheTree = most - before;
+            MMS_UA_UAMsg header;
+            MMS_COMP_SMILMultipart container;
+            reader.fill(&header);
+            reader.fill(&container);
+            constexpr qint64 ofAnOctet = 512, fixed = 64 * 1024;
+            if (!warm)
+                continue;
+            EXPECT_LE(ofTheTree, (row.pdu.size() - row.payload) * ofAnOctet / 2 + row.payload * 2 + fixed)
+                << row.name;
+            EXPECT_LE(most - before, (row.pdu.size() - row.payload) * ofAnOctet + row.payload * 5 + fixed)
+                << row.name;
+        }
+}
+
 } // namespace

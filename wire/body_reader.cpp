@@ -108,12 +108,12 @@ void readEntries(ValueReader& in, int depth) {
     const quint32 entries = tree.size();
     quint64 announced = 0, done = 0;
     readCount(in, WIRE_ENTRIES, &announced);
-    while (done < announced && in.hasMore() && readPart(in, depth))
-        ++done;
-    if (done < announced)
+    bool isWhole = true; // else the mark is where the part ends
+    for (; isWhole && done < announced && in.hasMore(); ++done)
+        isWhole = readPart(in, depth);
+    if (isWhole && done < announced)
         tree.mark(entries, MARK_FEWER_PARTS);
-    if (in.hasMore())
-        in.readRest(WIRE_AFTER_PARTS, MMS_WIRE_Item::OCTETS, MARK_AFTER_PARTS);
+    in.readRest(WIRE_AFTER_PARTS, MMS_WIRE_Item::OCTETS, MARK_AFTER_PARTS);
 }
 
 } // namespace

@@ -305,9 +305,9 @@ const MMS_WIRE_MessageType* wireMessageType(int type) {
     return row >= 0 && row < static_cast<int>(std::size(messageTypes)) ? &messageTypes[row] : nullptr;
 }
 
-const char* wireWord(std::span<const MMS_WIRE_Word> words, quint64 number) {
-    const auto found = std::find_if(words.begin(), words.end(), [number](const MMS_WIRE_Word& row) {
+const char* wireWord(const MMS_WIRE_Field& field, quint64 number) {
+    const auto found = std::find_if(field.words.begin(), field.words.end(), [number](const auto& row) {
         return static_cast<quint64>(row.number) == number;
     });
-    return found != words.end() ? found->word : nullptr;
+    return found != field.words.end() ? found->word : nullptr;
 }

@@ -72,5 +72,5 @@ LUM_EXPORT const MMS_WIRE_Field* wirePartHeader(int code);
 LUM_EXPORT const MMS_WIRE_Field* wireParameter(int code);
 /// The type of PDU by its Message-Type octet, 128 to 151; null for an unknown one.
 LUM_EXPORT const MMS_WIRE_MessageType* wireMessageType(int type);
-/// What a number means; null when the table does not have it.
-LUM_EXPORT const char* wireWord(std::span<const MMS_WIRE_Word> words, quint64 number);
+/// What a number means as the value of a field; null when the field's words do not have it.
+LUM_EXPORT const char* wireWord(const MMS_WIRE_Field& field, quint64 number);

@@ -18,9 +18,12 @@ std::unique_ptr<Bodypart> bodypartOf(const MMS_WIRE_Part& part) {
     const MediaType media = mediaOf(contentTypeOf(part.item()));
     made->setContentType(media.type);
     made->setContentSubType(media.subType);
-    made->setContentID(part.contentId());
-    made->setContentLocation(part.name());
-    made->setBoundary(part.parameter("Boundary"));
+    if (const QString id = part.contentId(); !id.isEmpty())
+        made->setContentID(id);
+    if (const QString name = part.name(); !name.isEmpty())
+        made->setContentLocation(name);
+    if (const QString boundary = part.parameter("Boundary"); !boundary.isEmpty())
+        made->setBoundary(boundary);
     made->setPartFlags(part.wantsPrompt() ? +Bodypart::FLAG_USER_PROMPT : 0u);
     const QByteArray content = part.content();
     QArray<char> payload;

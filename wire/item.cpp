@@ -27,11 +27,13 @@ static_assert(std::size(structureNames) == WIRE_AFTER_PARTS - WIRE_MESSAGE + 1);
 
 constexpr int codeMask = 0xFF;
 constexpr int highBit = 0x80;
-constexpr int attributesField = 0x28;
-constexpr int contentTypeHeader = 0x11;
+constexpr int attributesField = 0x28, flagsField = 0x24, totalsField = 0x2A;
+constexpr int contentTypeHeader = 0x11, dispositionHeader = 0x2E;
 
 constexpr MMS_WIRE_Word timeTokens[] = {{128, "Absolute"}, {129, "Relative"}};
+constexpr MMS_WIRE_Field timeToken = {0, "Time-token", FORM_OCTET, timeTokens};
 constexpr MMS_WIRE_Word fromTokens[] = {{128, "Address-present"}, {129, "Insert-address"}};
+constexpr MMS_WIRE_Field fromToken = {0, "From-token", FORM_OCTET, fromTokens};
 
 /// The row of the tables for a field, a header or a parameter; null for anything else and an unknown one.
 const MMS_WIRE_Field* rowOf(quint16 what) {
@@ -64,21 +66,21 @@ bool isContainer(quint16 what) {
     return what == WIRE_MESSAGE || what >= WIRE_BODY;
 }
 
-std::span<const MMS_WIRE_Word> wordTable(quint16 what) {
+/// The row whose words say what a number means; null for a plain number.
+const MMS_WIRE_Field* wordRow(quint16 what) {
     switch (what) {
     case WIRE_TIME_TOKEN:
-        return timeTokens;
+        return &timeToken;
     case WIRE_FROM_TOKEN:
-        return fromTokens;
+        return &fromToken;
     case WIRE_ACTION:
-        return wireField(0x24)->words;
+        return wireField(flagsField);
     case WIRE_UNIT:
-        return wireField(0x2A)->words;
+        return wireField(totalsField);
     case WIRE_DISPOSITION:
-        return wirePartHeader(0x2E)->words;
+        return wirePartHeader(dispositionHeader);
     }
-    const MMS_WIRE_Field* row = rowOf(what);
-    return row ? row->words : std::span<const MMS_WIRE_Word>();
+    return rowOf(what);
 }
 
 } // namespace
@@ -104,7 +106,8 @@ QString WireTree::wordsOf(const WireNode& node) const {
     case WIRE_PARAMETER + 0x09:
         return isKnownMedia(node.value) ? mediaByNumber(node.value).name() : QString();
     }
-    return asText(wireWord(wordTable(node.what), node.value));
+    const MMS_WIRE_Field* row = wordRow(node.what);
+    return asText(row ? wireWord(*row, node.value) : nullptr);
 }
 
 bool isNamed(const MMS_WIRE_Item& item, QLatin1StringView name) {
@@ -123,8 +126,8 @@ bool isKnownNumber(quint16 what, quint64 number) {
     case attributesField:
         return wireField(static_cast<int>(number & ~quint64(highBit)));
     }
-    const std::span<const MMS_WIRE_Word> words = wordTable(what);
-    return words.empty() || wireWord(words, number);
+    const MMS_WIRE_Field* row = wordRow(what);
+    return !row || row->words.empty() || wireWord(*row, number);
 }
 
 quint32 MMS_WIRE_Item::behind() const {

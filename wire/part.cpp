@@ -122,9 +122,9 @@ QList<MMS_WIRE_Part> MMS_WIRE_Part::parts() const {
 }
 
 QByteArray MMS_WIRE_Part::payload() const {
-    return data_.isLeaf() ? DataForm(item_).payload(data_.octets()) : QByteArray();
+    return data_.isNull() || isMultipart() ? QByteArray() : DataForm(item_).payload(data_.octets());
 }
 
 QByteArray MMS_WIRE_Part::content() const {
-    return data_.isLeaf() ? DataForm(item_).content(data_.octets()) : QByteArray();
+    return data_.isNull() || isMultipart() ? QByteArray() : DataForm(item_).content(data_.octets());
 }

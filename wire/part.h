@@ -47,8 +47,8 @@ public:
 
     /// Octets of data on the wire, before any decoding.
     qint64 wireSize() const { return data_.length(); }
-    /// The payload with base64 or quoted-printable undone, empty for a multipart whose parts were read. It
-    /// shows the caller's octets without a copy where nothing was to be undone.
+    /// The payload with base64 or quoted-printable undone; empty for a multipart. It shows the caller's
+    /// octets without a copy where nothing was to be undone.
     QByteArray payload() const;
     /// The payload as it goes into a body part: texts in UTF-8, without a closing zero.
     QByteArray content() const;

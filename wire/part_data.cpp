@@ -24,13 +24,15 @@ int charsetOf(const MMS_WIRE_Item& parameter, Charsets& charsets) {
 } // namespace
 
 MMS_WIRE_Item contentTypeOf(const MMS_WIRE_Item& part) {
+    if (part.isNull())
+        return MMS_WIRE_Item();
     if (WireTree::nodeOf(part).what == WIRE_BODY)
         return insideOf(WireTree::treeOf(part).item(0), FIELD_CONTENT_TYPE);
     return insideOf(part, WIRE_PART_HEADER + contentTypeHeader);
 }
 
 MMS_WIRE_Item partHeader(const MMS_WIRE_Item& part, QLatin1StringView name) {
-    if (WireTree::nodeOf(part).what == WIRE_PART)
+    if (!part.isNull() && WireTree::nodeOf(part).what == WIRE_PART)
         for (const MMS_WIRE_Item inside : part) {
             const WireNode& node = WireTree::nodeOf(inside);
             if (isHeader(node) && !node.isMisfit && isNamed(inside, name))

@@ -1,7 +1,7 @@
 #include "wire/text.h"
 
-#include <QStringConverter>
 #include <QTextCodec>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
@@ -79,19 +79,41 @@ constexpr struct {
     {2259, "TIS-620"},
 };
 
+/// A text of 16-bit units, in the order that its mark says, if it has one. Half pairs and a lone octet at the
+/// end become U+FFFD.
+QString sixteenBitText(QByteArrayView octets, bool isLittle, bool* isValid) {
+    if (octets.startsWith("\xFE\xFF") || octets.startsWith("\xFF\xFE")) {
+        isLittle = octets.front() == '\xFF';
+        octets = octets.sliced(2);
+    }
+    QString text(octets.size() / 2, Qt::Uninitialized);
+    for (QChar& unit : text) {
+        unit =
+            isLittle ? qFromLittleEndian<char16_t>(octets.data()) : qFromBigEndian<char16_t>(octets.data());
+        octets = octets.sliced(2);
+    }
+    *isValid = octets.isEmpty();
+    if (!*isValid)
+        text += QChar(QChar::ReplacementCharacter);
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!text[i].isSurrogate())
+            continue;
+        if (text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+            ++i;
+            continue;
+        }
+        text[i] = QChar::ReplacementCharacter;
+        *isValid = false;
+    }
+    return text;
+}
+
 /// A text of a stated, known charset. `isValid` becomes whether the charset has all of its octets.
 QString decodedAs(QByteArrayView octets, int charset, Charsets& charsets, bool* isValid) {
-    const auto unicode = [&](QStringConverter::Encoding encoding) {
-        QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
-        const QString text = decoder.decode(octets);
-        *isValid = !decoder.hasError();
-        return text;
-    };
-    const bool isLittle = octets.startsWith("\xFF\xFE");
-    const bool isMarked = isLittle || octets.startsWith("\xFE\xFF");
     switch (charset) {
     case mibUtf8:
-        return unicode(QStringConverter::Utf8);
+        *isValid = octets.isValidUtf8();
+        return QString::fromUtf8(octets);
     case MIB_ISO_8859_1:
         *isValid = true;
         return QString::fromLatin1(octets);
@@ -99,10 +121,7 @@ QString decodedAs(QByteArrayView octets, int charset, Charsets& charsets, bool* 
     case MIB_UTF_16:
     case MIB_UTF_16_BE:
     case MIB_UTF_16_LE:
-        if (isMarked)
-            octets = octets.sliced(2);
-        return unicode(isLittle || (charset == MIB_UTF_16_LE && !isMarked) ? QStringConverter::Utf16LE
-                                                                           : QStringConverter::Utf16BE);
+        return sixteenBitText(octets, charset == MIB_UTF_16_LE, isValid);
     }
     QString text;
     *isValid = false;

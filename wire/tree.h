@@ -116,8 +116,7 @@ public:
     quint32 size() const { return static_cast<quint32>(nodes_.size()); }
     MMS_WIRE_Item item(quint32 index) const { return MMS_WIRE_Item(this, index); }
     static const WireNode& nodeOf(const MMS_WIRE_Item& item) { return item.tree_->nodes_[item.node_]; }
-    static WireTree& treeOf(const MMS_WIRE_Item& item) { return const_cast<WireTree&>(*item.tree_); }
-    static quint32 indexOf(const MMS_WIRE_Item& item) { return item.node_; }
+    static const WireTree& treeOf(const MMS_WIRE_Item& item) { return *item.tree_; }
 
     /// Where the item behind this one and all inside it is, or will be.
     quint32 behind(quint32 index) const { return nodes_[index].next ? nodes_[index].next : size(); }

@@ -35,8 +35,7 @@ ValueReader::Limit::Limit(ValueReader& reader, qsizetype octets, bool isValue)
 }
 
 ValueReader::Limit::~Limit() {
-    if (reader_.hasMore())
-        reader_.readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_REST);
+    reader_.readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_REST);
     reader_.end_ = formerEnd_;
     reader_.isInValue_ = wasValue_;
 }
@@ -282,10 +281,10 @@ bool ValueReader::readEncoded(quint16 what, qsizetype from, quint16 inside) {
             const bool isKnown = isKnownCharset(charset, tree_.charsets());
             tree_.addSyntax(WIRE_CHARSET, at, number, isKnown ? MARK_NONE : MARK_CHARSET);
             readText(inside, at_, isKnown ? charset : charsetUnknown, false);
+        } else {
+            giveUp(index);
         }
     }
-    if (!fits)
-        tree_.mark(index, MARK_FORM);
     tree_.close(index);
     return fits;
 }
@@ -330,9 +329,17 @@ bool ValueReader::readCompound(quint16 what, qsizetype from, std::initializer_li
         for (const Component& component : components)
             fits = fits && (component.form == FORM_PARAMETERS ? readParameters()
                                                               : read(component.form, component.what, at_));
+        if (!fits)
+            readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE); // the mark is where it went wrong
     }
     tree_.close(index);
     return fits;
+}
+
+/// Takes the rest of a value that turns out not to have its form.
+void ValueReader::giveUp(quint32 index) {
+    tree_.mark(index, MARK_FORM);
+    readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE);
 }
 
 bool ValueReader::readTime(quint16 what, qsizetype from) {
@@ -352,7 +359,7 @@ bool ValueReader::readTime(quint16 what, qsizetype from) {
             if (fits && !isAbsolute)
                 tree_.node(time).kind = MMS_WIRE_Item::SECONDS;
         } else {
-            tree_.mark(index, MARK_FORM);
+            giveUp(index);
         }
     }
     tree_.close(index);
@@ -376,7 +383,7 @@ bool ValueReader::readFrom(quint16 what, qsizetype from) {
             ++at_;
             fits = true;
         } else {
-            tree_.mark(index, MARK_FORM);
+            giveUp(index);
         }
     }
     tree_.close(index);
@@ -495,6 +502,8 @@ void ValueReader::readStray() {
 }
 
 void ValueReader::readRest(quint16 what, MMS_WIRE_Item::KIND kind, quint32 marks) {
+    if (!hasMore())
+        return;
     tree_.add(what, kind, at_, 0, marks);
     at_ = end_;
 }

@@ -47,7 +47,7 @@ public:
     void readStray();
     /// Takes a uintvar, which saturates; no item is added. False when the octets end inside it, or before.
     bool takeUintvar(quint64* value);
-    /// Takes all octets that are left as one item.
+    /// Takes all octets that are left, if there are any, as one item.
     void readRest(quint16 what, MMS_WIRE_Item::KIND kind, quint32 marks);
 
     /// The type of message, which some fields depend on; 0 as long as it is not known.
@@ -68,6 +68,7 @@ private:
     bool readText(quint16 what, qsizetype from, int charset, bool isQuoted);
     bool readWideText(quint16 what, qsizetype from, int charset);
     bool readEncoded(quint16 what, qsizetype from, quint16 inside);
+    void giveUp(quint32 index);
     bool readTime(quint16 what, qsizetype from);
     bool readFrom(quint16 what, qsizetype from);
     bool readCompound(quint16 what, qsizetype from, std::initializer_list<Component> components);

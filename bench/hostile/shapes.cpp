@@ -294,11 +294,78 @@ std::vector<Shape> recordShapes() {
     };
 }
 
+/// Reads a message as it was sent, looks at every item, and fills record and container from it.
+void receiveWire(const QByteArray& octets) {
+    MMS_WIRE_Reader reader;
+    reader.read(octets);
+    for (const MMS_WIRE_Mark& mark : reader.marks())
+        static_cast<void>(mark.item.name());
+    for (const MMS_WIRE_Item item : reader.message())
+        static_cast<void>(item.text());
+    MMS_UA_UAMsg header;
+    reader.fill(&header);
+    MMS_COMP_SMILMultipart parts;
+    reader.fill(&parts);
+}
+
+std::vector<Shape> wireShapes() {
+    const QByteArray related = octets("84 B3");
+    const auto manyParts = [related](const QByteArray& part) {
+        return [=](int size) { return related + uintvar(size / part.size()) + repeated(part, size); };
+    };
+    const auto oneHead = [related](const QByteArray& piece) {
+        return [=](int size) { return related + '\1' + entry('\x9E' + repeated(piece, size)); };
+    };
+    const auto oneBody = [related](const QByteArray& head, const QByteArray& piece) {
+        return [=](int size) { return related + '\1' + entry(head, repeated(piece, size)); };
+    };
+    const auto nested = [related](int size) {
+        QByteArray body = '\1' + entry("\x83", QByteArray(size, 'x'));
+        for (int i = 0; i < 16; ++i)
+            body = '\1' + entry("\xA3", body);
+        return related + body;
+    };
+    return {
+        {"as sent: empty texts", series({}, octets("96 00"), {}), receiveWire},
+        {"as sent: one text without end", series("\x96", "a", {}), receiveWire},
+        {"as sent: recipients", series({}, octets("97 61 40 62 00"), {}), receiveWire},
+        {"as sent: headers by name", series({}, octets("58 00 59 00"), {}), receiveWire},
+        {"as sent: fields that are not known", series({}, octets("D4 00"), {}), receiveWire},
+        {"as sent: lengths beyond the end", series({}, octets("88 1F FF"), {}), receiveWire},
+        {"as sent: texts in ISO-2022-KR", series({}, octets("96 03 A5 41 00"), {}), receiveWire},
+        {"as sent: texts in a charset of no name", series({}, octets("96 05 02 0F FF 41 00"), {}),
+         receiveWire},
+        {"as sent: parameters",
+         [](int size) {
+             const QByteArray parameters = repeated(octets("85 61 00"), size);
+             return octets("84 1F") + uintvar(parameters.size() + 1) + '\x83' + parameters;
+         },
+         receiveWire},
+        {"as sent: many empty parts", manyParts(octets("00 00")), receiveWire},
+        {"as sent: many small parts", manyParts(octets("01 01 83 E4")), receiveWire},
+        {"as sent: headers of one part", oneHead(octets("8E 00")), receiveWire},
+        {"as sent: a disposition of semicolons",
+         [=](int size) {
+             return related + '\1' +
+                    entry("\x9E" + zeroed("Content-Disposition") + zeroed(QByteArray(size, ';')));
+         },
+         receiveWire},
+        {"as sent: bodies within bodies", nested, receiveWire},
+        {"as sent: base64 of a text",
+         oneBody(octets("03 83 81 EA") + zeroed("\xC8"
+                                                "base64"),
+                 "YWJj"),
+         receiveWire},
+        {"as sent: quoted-printable", oneBody('\x83' + zeroed("\xC8quoted-printable"), "=="), receiveWire},
+        {"as sent: a text in UTF-16", oneBody(octets("05 83 81 02 03 F7"), octets("D8 00")), receiveWire},
+    };
+}
+
 } // namespace
 
 std::vector<Shape> badShapes() {
     std::vector<Shape> all;
-    for (const auto& some : {headerShapes(), bodyShapes(), smilShapes(), recordShapes()})
+    for (const auto& some : {headerShapes(), bodyShapes(), smilShapes(), recordShapes(), wireShapes()})
         all.insert(all.end(), some.begin(), some.end());
     return all;
 }
