@@ -86,6 +86,7 @@ TEST(Lifetime, ObjectReadsARecordWhileItsPartSitsInAContainer) {
         EXPECT_EQ(second.getPartCount(), adopted); // each reading deleted the part before
     }
     EXPECT_TRUE(read(*r.object(1, 0), record));
+    const std::unique_ptr<Part> restored(r.object(1, 0)->getData());
     EXPECT_EQ(r.container->getPartCount(), 1);
     EXPECT_EQ(r.object(0, 0)->getData(), nullptr);
     use(r.data);
