@@ -92,10 +92,12 @@ inline QByteArray named(int i) {
     return "p" + QByteArray::number(i);
 }
 
+constexpr int MOST_PARTS = 126; // with the presentation, a number that both readings of a message know
+
 /// As many parts of that type and those octets as fit, each on a slide of its own.
 inline QByteArray messageOfParts(const QByteArray& type, const QByteArray& data, int size) {
     QByteArrayList slides, parts;
-    for (int i = 0; i < std::clamp<int>(size / int(data.size() + 70), 1, 250); ++i) {
+    for (int i = 0; i < std::clamp<int>(size / int(data.size() + 70), 1, MOST_PARTS); ++i) {
         slides += "<img src='" + named(i) + "' region='b'/>";
         parts += entry(type, octets("8E") + zeroed(named(i)), data);
     }
