@@ -47,6 +47,6 @@ inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers
 /// The body of a message, and its content type: a presentation and further parts.
 inline QByteArray related(const QByteArray& smil, const QByteArrayList& parts) {
     return octets("84 18 B3 8A") + zeroed("<s>") + octets("89") + zeroed("application/smil") +
-           char(1 + parts.size()) + entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil) +
-           parts.join();
+           uintvar(1 + parts.size()) +
+           entry(zeroed("application/smil"), octets("C0 22") + zeroed("<s>"), smil) + parts.join();
 }

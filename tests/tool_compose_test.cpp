@@ -24,7 +24,7 @@ TEST_F(ComposeTest, EverythingAskedForIsThere) {
     const Outcome made = lummms(QStringList{"compose", "-o", path("m.mms"), "--subject", "Grüße <b>"} +
                                 options + slides + QStringList{"--attach", write("card.vcf", "BEGIN:VCARD")});
     ASSERT_EQ(made.status, 0) << made.err.constData();
-    expectShown(path("m.mms"), "composed.txt");
+    expectShown({path("m.mms")}, "composed.txt");
     const QJsonValue header = lummms({"show", "--json", path("m.mms")}).json()["header"];
     EXPECT_TRUE(header["fieldOrderCorrect"].toBool() && header["mandatoryFieldsPresent"].toBool());
 }

@@ -139,7 +139,7 @@ QByteArray located(const QByteArray& location, const QByteArray& data) {
 }
 
 TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
-    const QByteArray nested = entry(octets("C8"), "", char(2) + located("inner.txt", "i") + located("", "j"));
+    const QByteArray nested = entry(octets("A3"), "", char(2) + located("inner.txt", "i") + located("", "j"));
     const QByteArrayList parts = {
         located("../evil.txt", "a"),
         located("/etc/passwd", "b"),
@@ -182,7 +182,7 @@ TEST_F(ToolTest, UnpackStaysInItsDirectoryAndOverwritesNothing) {
 }
 
 TEST_F(ToolTest, UnpackTakesWhatIsAskedFor) {
-    const QByteArray nested = entry(octets("C8"), "", char(1) + located("inner.txt", "i"));
+    const QByteArray nested = entry(octets("A3"), "", char(1) + located("inner.txt", "i"));
     const QByteArray pdu = octets("8C 84 8D 90 84 A3 04") + located("a.txt", "first") +
                            located("a.txt", "2nd") + nested +
                            entry(octets("83"), octets("C0 22") + zeroed("<id>"), "by id");
@@ -197,10 +197,10 @@ TEST_F(ToolTest, UnpackTakesWhatIsAskedFor) {
         EXPECT_EQ(run.out, octets) << part;
         EXPECT_EQ(run.err.count('\n'), status ? 1 : 0) << run.err.constData();
     }
-    EXPECT_EQ(lummms({"unpack", "--phone", "--list", file}).out,
+    EXPECT_EQ(lummms({"unpack", "--list", file}).out,
               "1  text/plain  5 octets  a.txt\n"
               "2  text/plain  3 octets  a.txt\n"
-              "3  application/vnd.oma.drm.message  0 octets  file0\n"
+              "3  application/vnd.wap.multipart.mixed  0 octets  file0\n"
               "3.1  text/plain  1 octet  inner.txt\n"
               "4  text/plain  5 octets  file0.txt\n");
     expectRefused({"unpack", file}, "DIR is missing");

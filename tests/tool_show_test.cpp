@@ -23,7 +23,7 @@ QByteArray message() {
 }
 
 TEST_F(ShowTest, ShowsAMessageToAPerson) {
-    expectShown(write("m.mms", message()), "message.txt");
+    expectShown({"--phone", write("m.mms", message())}, "message.txt");
 }
 
 TEST_F(ShowTest, ShowsAMessageToAProgram) {
@@ -34,23 +34,40 @@ TEST_F(ShowTest, ShowsAMessageToAProgram) {
 }
 
 TEST_F(ShowTest, TellsWhatIsWrongAndShowsTheRest) {
-    // what is wrong, the result of the header, the parts that are there, and what is told
-    const std::tuple<const char*, QByteArray, int, int, const char*> rows[] = {
-        {"cut in the subject", HEADER.left(HEADER.indexOf("Hi") + 1), 9, -1, "result 9"},
-        {"cut in the last part", message().chopped(1), 0, 2, "status -19"},
-        {"presentation not well-formed", message().replace("<body>", "<bodi>"), 0, 3, "status -8"},
+    // what is wrong, the phone's result of the header, the parts that it reads and those there are, and what
+    // both readings tell
+    const QByteArray cut = HEADER.left(HEADER.indexOf("Hi") + 1);
+    const QByteArray swallowed = octets("8C 84 98") + zeroed("T1") + octets("99 80 8B 61 00 96 62 00 8F");
+    const std::tuple<const char*, QByteArray, int, int, int, const char*, const char*> rows[] = {
+        {"cut in the subject", cut, 9, -1, 0,
+         "header: Subject at octet 45 is malformed or cut short (result 9)", "octet 45: Subject: "},
+        {"an unknown field", swallowed, 9, -1, 0,
+         "header: field 0x99 at octet 6 is not known to the phone; header: Priority at octet 14 is ",
+         "octet 14: X-Mms-Priority: "},
+        {"cut in the last part", message().chopped(1), 0, 2, 3,
+         "body: part 3 is malformed or cut short (status -19)", "octet 230: DataLen: "},
+        {"presentation not well-formed", message().replace("<body>", "\n<bod>"), 0, 3, 3,
+         "presentation: not well-formed XML (status -8), line 2, column ",
+         "presentation: not well-formed XML (status -8), line 2, column "},
+        {"nothing", "", 0, 0, 0, "is empty, which is no message", "is empty, which is no message"},
     };
-    for (const auto& [name, octets, result, parts, cause] : rows) {
+    for (const auto& [name, octets, result, parts, sentParts, cause, sentCause] : rows) {
         const QString file = write("m.mms", octets);
-        const Outcome run = lummms({"show", "--json", file});
-        EXPECT_EQ(run.status, 1) << name;
-        EXPECT_TRUE(run.err.contains(file.toUtf8()) && run.err.contains(cause)) << run.err.constData();
-        EXPECT_EQ(run.err.count('\n'), 1) << name;
-        EXPECT_EQ(run.json()["result"], result) << name;
-        EXPECT_EQ(run.json()["header"].toObject()["transactionId"], "T1") << name;
-        EXPECT_EQ(run.json().contains("bodyOffset"), parts >= 0) << name;
-        EXPECT_EQ(run.json()["body"].toObject()["parts"].toArray().size(), std::max(parts, 0)) << name;
-        EXPECT_EQ(lummms({"show", file}).status, 1) << name;
+        for (const bool asPhone : {true, false}) {
+            const QStringList show = asPhone ? QStringList{"show", "--phone"} : QStringList("show");
+            const Outcome run = lummms(show + QStringList{"--json", file});
+            EXPECT_EQ(run.status, 1) << name;
+            EXPECT_TRUE(run.err.startsWith("lummms: " + file.toUtf8() + ": " + (asPhone ? cause : sentCause)))
+                << run.err.constData();
+            EXPECT_EQ(run.err.count('\n'), 1) << name;
+            EXPECT_EQ(run.json()["result"].toInt(-1), asPhone ? result : -1) << name;
+            EXPECT_EQ(run.json()["header"].toObject()["transactionId"].toString("T1"), "T1") << name;
+            EXPECT_EQ(run.json().contains("bodyOffset"), !asPhone || parts >= 0) << name;
+            EXPECT_EQ(run.json()["body"].toObject()["parts"].toArray().size(),
+                      asPhone ? std::max(parts, 0) : sentParts)
+                << name;
+            EXPECT_EQ(lummms(show + QStringList(file)).status, 1) << name;
+        }
     }
 }
 

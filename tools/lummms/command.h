@@ -59,6 +59,8 @@ int worstOf(const QStringList& files, Run run) {
 }
 
 Command showCommand();
+Command dumpCommand();
+Command checkCommand();
 Command smilCommand();
 Command composeCommand();
 Command unpackCommand();

@@ -13,7 +13,8 @@
 namespace {
 
 QList<Command> allCommands() {
-    return {showCommand(), unpackCommand(), composeCommand(), renderCommand(), smilCommand()};
+    return {showCommand(),    dumpCommand(),   checkCommand(), unpackCommand(),
+            composeCommand(), renderCommand(), smilCommand()};
 }
 
 QString overview(const QList<Command>& commands) {

@@ -5,6 +5,7 @@
 #include "multipart/body_part.h"
 #include "multipart/multipart_parser.h"
 #include "smil/parser/smil_parser.h"
+#include "tools/lummms/phone_steps.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
 #include "util/lowered.h"
@@ -15,6 +16,14 @@
 namespace {
 
 constexpr int CONTENT_MISSING = 3; // the reader's warning
+
+/// ", line 3, column 14"; empty without a place.
+QString placeOfError(const MMS_COMP_SMILParser& parser) {
+    return parser.getErrorLine() ? QStringLiteral(", line %1, column %2")
+                                       .arg(parser.getErrorLine())
+                                       .arg(parser.getErrorColumn())
+                                 : QString();
+}
 
 } // namespace
 
@@ -33,6 +42,21 @@ bool Message::read(const QString& path, QString& cause) {
 
 void Message::read(const QArray<char>& octets) {
     octets_ = octets;
+    if (reading_ == READING_SENT)
+        readAsSent();
+    else
+        readAsPhone();
+}
+
+void Message::readAsSent() {
+    wire_.read(QByteArrayView(octets_.data(), octets_.size()));
+    otherFields = wire_.fill(&header);
+    hasBody = !wire_.body().isNull();
+    if (hasBody)
+        wire_.fill(&body);
+}
+
+void Message::readAsPhone() {
     auto length = static_cast<unsigned int>(octets_.size());
     MMS_UA_Decoder decoder;
     result = decoder.decodeHeader(reinterpret_cast<unsigned char*>(octets_.data()), length, &header);
@@ -50,8 +74,14 @@ void Message::readPresentation() {
     if (!smilPart)
         return;
     MMS_COMP_SMILParser parser;
-    smilStatus = parser.parse(smilPart->getBodyData(), &body, presentation.get());
+    smilStatus = parsePresentation(parser);
     smilWarning = parser.getLastWarning();
+    smilPlace_ = placeOfError(parser);
+}
+
+int Message::parsePresentation(MMS_COMP_SMILParser& parser) {
+    parser.setLayoutKept(reading_ == READING_SENT);
+    return parser.parse(smilPart->getBodyData(), &body, presentation.get());
 }
 
 /// Adds an empty part for every reference of the presentation that no part answers to.
@@ -85,28 +115,72 @@ void Message::readPresentationWithGaps() {
         return;
     addStandIns();
     presentation = std::make_unique<MMS_COMP_SMILData>(&body);
-    MMS_COMP_SMILParser().parse(smilPart->getBodyData(), &body, presentation.get());
+    MMS_COMP_SMILParser parser;
+    parsePresentation(parser);
 }
 
-QList<Problem> Message::problems() const {
+namespace {
+
+Problem problemOf(const MMS_WIRE_Mark& mark) {
+    const QString name = mark.item.name();
+    return {mark.item.offset(), mark.severity == MMS_WIRE_Item::PROBLEM ? SEVERITY_PROBLEM : SEVERITY_NOTE,
+            name.isEmpty() ? mark.what : QStringLiteral("%1: %2").arg(name, mark.what)};
+}
+
+/// Where and why the phone gave a header up: the first field that it does not know, since that may have taken
+/// its neighbours with it, and the one that it could not read.
+QList<Problem> problemsOfHeader(const QArray<char>& octets, int result) {
     QList<Problem> problems;
-    const auto add = [&problems](const QString& what) { problems += Problem{-1, SEVERITY_PROBLEM, what}; };
-    if (octets_.isEmpty())
-        add(QStringLiteral("is empty, which is no message"));
-    if (result != CODEC_READ)
-        add(QStringLiteral("header ") + explained(codecResultWords, "result", result));
-    if (bodyStatus)
-        add(QStringLiteral("body ") + explained(bodyStatusWords, "status", bodyStatus));
-    if (smilStatus)
-        add(QStringLiteral("presentation: ") + explained(smilStatusWords, "status", smilStatus));
+    for (const PhoneStep& step : phoneSteps(octets)) {
+        if (step.isRead && (step.isKnown() || !problems.isEmpty()))
+            continue;
+        const char* what = step.isKnown() ? "malformed or cut short" : "not known to the phone";
+        problems += {step.begin, SEVERITY_PROBLEM,
+                     QStringLiteral("header: %1 at octet %2 is %3")
+                         .arg(step.asWritten)
+                         .arg(step.begin)
+                         .arg(QLatin1String(what))};
+    }
+    if (!problems.isEmpty())
+        problems.last().what += QStringLiteral(" (result %1)").arg(result);
     return problems;
 }
 
+} // namespace
+
+QList<Problem> Message::problems() const {
+    QList<Problem> problems;
+    if (octets_.isEmpty())
+        problems += {-1, SEVERITY_PROBLEM, QStringLiteral("is empty, which is no message")};
+    for (const MMS_WIRE_Mark& mark : wire_.marks())
+        problems += problemOf(mark);
+    if (result != CODEC_READ)
+        problems += problemsOfHeader(octets_, result);
+    if (bodyStatus)
+        problems += {bodyOffset(), SEVERITY_PROBLEM,
+                     QStringLiteral("body: part %1 is %2")
+                         .arg(body.getPartCount() + 1)
+                         .arg(explained(bodyStatusWords, "status", bodyStatus))};
+    if (smilStatus)
+        problems += {-1, SEVERITY_PROBLEM, QStringLiteral("presentation: ") + problemOfPresentation()};
+    return problems;
+}
+
+QString Message::problemOfPresentation() const {
+    return smilStatus ? explained(smilStatusWords, "status", smilStatus) + smilPlace_ : QString();
+}
+
 QString Message::causeOfMalformation() const {
+    constexpr qsizetype mostTold = 3;
     QStringList causes;
     for (const Problem& problem : problems())
         if (problem.severity == SEVERITY_PROBLEM)
-            causes += problem.what;
+            causes += reading_ == READING_SENT && problem.offset >= 0
+                          ? QStringLiteral("octet %1: %2").arg(problem.offset).arg(problem.what)
+                          : problem.what;
+    const qsizetype more = causes.size() - mostTold;
+    if (more > 0)
+        causes = causes.first(mostTold) += QStringLiteral("%1 more").arg(more);
     return causes.join(QStringLiteral("; "));
 }
 
@@ -118,6 +192,10 @@ int Message::verdict(const QString& path) const {
     return EXIT_MALFORMED;
 }
 
+qint64 Message::bodyLength() const {
+    return reading_ == READING_SENT ? wire_.body().length() : static_cast<qint64>(header.bodyLength);
+}
+
 qint64 Message::bodyOffset() const {
-    return octets_.size() - static_cast<qint64>(header.bodyLength);
+    return octets_.size() - bodyLength();
 }

@@ -7,6 +7,7 @@
 #include "tools/lummms/exit_status.h"
 #include "tools/lummms/files.h"
 #include "tools/lummms/reading.h"
+#include "wire/reader.h"
 
 #include <QList>
 #include <QSet>
@@ -15,6 +16,7 @@
 #include <memory>
 
 class MMS_COMP_SMILMultipartBodypart;
+class MMS_COMP_SMILParser;
 
 /// Whether a content type is that of a body made of parts.
 bool isMultipart(const MMS_CONTENT_TYPE_T& type);
@@ -53,19 +55,31 @@ public:
     /// Whether a part only stands in for content that is not there.
     bool isMissing(const MMS_COMP_SMILMultipartBodypart* part) const { return standIns_.contains(part); }
 
-    /// What is wrong with the message, in the order of the octets; of the presentation, once it was read.
+    /// What is wrong with the message, in the order of the octets; of the presentation, once it was read. The
+    /// phone's reading has no notes.
     QList<Problem> problems() const;
-    /// The problems without the notes, in one line; empty for a sound message.
+    /// What is wrong with the presentation: empty when there is none, or nothing wrong.
+    QString problemOfPresentation() const;
+    /// The first problems in one line, without the notes; empty for a sound message.
     QString causeOfMalformation() const;
     /// Complains about a malformed message, and gives the exit status that the message deserves.
     int verdict(const QString& path) const;
 
     /// Octets of the header, that is the place of the body in the PDU.
     qint64 bodyOffset() const;
+    /// Octets of the body.
+    qint64 bodyLength() const;
+    /// The PDU.
+    const QArray<char>& octets() const { return octets_; }
+
+    /// Every item of the message; in the reading as it was sent.
+    const MMS_WIRE_Reader& wire() const { return wire_; }
+    /// The fields that the header has no place for, in order; in the reading as it was sent.
+    QList<MMS_WIRE_Item> otherFields;
 
     MMS_UA_UAMsg header;
-    int result = 0;       ///< the header decoder's
-    bool hasBody = false; ///< whether there is a body made of parts
+    int result = 0;       ///< the header decoder's; 0 in the reading as it was sent
+    bool hasBody = false; ///< whether there is a body made of parts; as it was sent, any body is
     MMS_COMP_SMILMultipart body;
     int bodyStatus = 0;
     /// The part with the presentation; null when there is none, or before readPresentation().
@@ -75,9 +89,14 @@ public:
     int smilWarning = 0;
 
 private:
+    void readAsSent();
+    void readAsPhone();
+    int parsePresentation(MMS_COMP_SMILParser& parser);
     void addStandIns();
 
     READING reading_;
+    QString smilPlace_; // ", line 3, column 14"
+    MMS_WIRE_Reader wire_;
     QSet<const MMS_COMP_SMILMultipartBodypart*> standIns_;
     QArray<char> octets_; // the header's bodyStart points into them
 };

@@ -29,9 +29,10 @@ bool isText(const MMS_COMP_SMILMultipartBodypart& part) {
 }
 
 /// The charset that a part names, or for a text the one that its octets are in.
-QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part) {
-    if (!part.getCharset().isEmpty())
-        return printable(part.getCharset());
+QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Part* sent) {
+    const QString named = sent ? sent->charset() : part.getCharset();
+    if (!named.isEmpty())
+        return printableStart(named);
     if (!isText(part))
         return QString();
     const QArray<char>& octets = part.getBodyData();
@@ -39,15 +40,19 @@ QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part) {
     return QStringLiteral("%1").arg(QLatin1String(text.isValidUtf8() ? "utf-8" : "unknown"));
 }
 
-void addRow(QList<Row>& rows, const MMS_COMP_SMILMultipartBodypart& part, const QString& number, int depth) {
+/// Adds a row for a part, which is known as it was sent, too, in that reading, and for those inside it.
+void addRow(QList<Row>& rows, const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Part* sent,
+            const QString& number, int depth) {
     const QString indent(2 * depth, u' ');
     const qsizetype octets = part.getBodyData().size();
     rows += Row{{indent + number, typeOf(part), printable(part.getContentLocation()), QString::number(octets),
-                 charsetOf(part)},
+                 charsetOf(part, sent)},
                 isText(part) && octets ? firstWords(part) : QString()};
+    const QList<MMS_WIRE_Part> inside = sent ? sent->parts() : QList<MMS_WIRE_Part>();
     for (int i = 0; i < part.getSubBodyCount(); ++i)
         addRow(rows, *part.getSubBody(static_cast<unsigned int>(i)),
-               QStringLiteral("%1.%2").arg(number).arg(i + 1), depth + 1);
+               i < inside.size() ? &inside.at(i) : nullptr, QStringLiteral("%1.%2").arg(number).arg(i + 1),
+               depth + 1);
 }
 
 QString table(const QList<Row>& rows) {
@@ -85,7 +90,7 @@ int showOne(const CommandLine& line, const QString& path) {
         return message.verdict(path);
     }
     printHeading(line, path);
-    print(headerForPerson(message.header) + partsForPerson(message));
+    print(headerForPerson(message) + partsForPerson(message));
     message.readPresentationWithGaps();
     print(slidesForPerson(message) + (line.files.size() > 1 ? QStringLiteral("\n") : QString()));
     return message.verdict(path);
@@ -128,20 +133,21 @@ QString firstWords(const MMS_COMP_SMILMultipartBodypart& part) {
 }
 
 QString partsForPerson(Message& message) {
-    const MMS_UA_UAMsg& header = message.header;
-    if (message.result || !header.fieldsPresent(presenceBit(FIELD_CONTENT_TYPE)))
+    if (message.result || !message.header.fieldsPresent(presenceBit(FIELD_CONTENT_TYPE)))
         return QString();
     if (!message.hasBody)
         return QStringLiteral("\nBody: %1 that are not made of parts\n")
-            .arg(counted(header.bodyLength, "octet"));
+            .arg(counted(message.bodyLength(), "octet"));
+    const QList<MMS_WIRE_Part> sent = message.wire().parts();
     QList<Row> rows;
     const int count = message.body.getPartCount();
     for (int i = 0; i < count; ++i)
-        addRow(rows, *message.body.getBodypartByIndex(i, false), QString::number(i + 1), 0);
+        addRow(rows, *message.body.getBodypartByIndex(i, false), i < sent.size() ? &sent.at(i) : nullptr,
+               QString::number(i + 1), 0);
     if (count)
         rows.prepend(Row{{"No", "Type", "Name", "Octets", "Charset"}, QString()});
     return QStringLiteral("\nBody: %1 in %2\n")
-               .arg(counted(count, "part"), counted(header.bodyLength, "octet")) +
+               .arg(counted(count, "part"), counted(message.bodyLength(), "octet")) +
            table(rows);
 }
 
@@ -151,9 +157,12 @@ Command showCommand() {
         QStringLiteral("Shows a message: header, parts and slides."),
         {QStringLiteral("[--json] [--phone] FILE..."), QStringLiteral("--json --lines [--phone] [FILE...]")},
         QStringLiteral(
-            "FILE is an MMS PDU as it comes over the air. Of a malformed one everything is shown that\n"
-            "could be read. The Date that is shown is the moment of reading: a received message\n"
-            "does not keep the time at which it was sent.\n"
+            "FILE is an MMS PDU as it comes over the air. It is read as it was sent: every field, text\n"
+            "and part as the sender meant it, the layout as the sender wrote it. That is right for what\n"
+            "gateways, archives and test benches ask. With --phone it is read by the rules of the phone,\n"
+            "as the library's decoders do: right for what its user will see. That reading loses fields\n"
+            "that it does not know and their neighbours, and its Date is the moment of reading.\n"
+            "Of a malformed message everything is shown that could be read.\n"
             "With --lines each FILE gives one JSON object on one line, with \"file\". Without FILE each\n"
             "line of standard input is a message in base64, if wanted with a key and a tab before it,\n"
             "and is answered at once by one line with \"key\", or else \"line\", its number. What is wrong\n"

@@ -1,17 +1,26 @@
 #include "codec/header_fields.h"
 #include "codec/message_kinds.h"
 #include "tools/lummms/message.h"
+#include "tools/lummms/phone_steps.h"
 #include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
 #include "tools/lummms/words.h"
+#include "wire/fields.h"
 
 #include <QStringList>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 
-QString kindOf(const MMS_UA_UAMsg& header) {
-    const MessageKind* kind = messageKind(header.messageType);
-    return kind ? QString::fromLatin1(kind->name) : QStringLiteral("unknown (%1)").arg(header.messageType);
+QString kindOf(const Message& message) {
+    const int type = message.header.messageType;
+    const MessageKind* known = messageKind(message.header.messageType);
+    const MMS_WIRE_MessageType* sent =
+        message.reading() == READING_SENT ? wireMessageType(message.wire().messageType()) : nullptr;
+    const char* name = sent ? sent->name : known ? known->name : nullptr;
+    return name ? QString::fromLatin1(name) : QStringLiteral("unknown (%1)").arg(type);
 }
 
 QString versionOf(const MMS_UA_UAMsg& header) {
@@ -48,8 +57,19 @@ QString localTime(const QDateTime& time) {
     return time.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
-/// Expiry as time from now; a moment in the past has become a very large unsigned number.
-QString expiryOf(const MMS_UA_UAMsg& header) {
+/// The phone does not keep when a message was sent.
+QString dateOf(const Message& message) {
+    return localTime(message.header.getSendTime()) +
+           (message.reading() == READING_PHONE ? QStringLiteral(" (moment of reading)") : QString());
+}
+
+/// Expiry as time from now; a moment in the past has become a very large unsigned number. A moment as it was
+/// sent stays one.
+QString expiryOf(const Message& message) {
+    const MMS_UA_UAMsg& header = message.header;
+    const MMS_WIRE_Item sent = message.wire().field(FIELD_EXPIRY);
+    if (sent.kind() == MMS_WIRE_Item::TIME)
+        return localTime(QDateTime::fromSecsSinceEpoch(static_cast<qint64>(sent.number())));
     const auto seconds = static_cast<qint32>(header.getExpireTime());
     return seconds >= 0 ? QStringLiteral("in %1").arg(spanOfTime(qint64(seconds) * 1000))
                         : QStringLiteral("%1 ago").arg(spanOfTime(-qint64(seconds) * 1000));
@@ -61,6 +81,12 @@ QString contentTypeOf(const MMS_UA_UAMsg& header) {
     return printable(type.type + u'/' + type.subType + parameters);
 }
 
+/// Hide sets the flag of the phone; as it was sent, Show does.
+QString visibilityOf(const Message& message) {
+    const bool hidden = message.header.getSenderVisibility() == (message.reading() == READING_PHONE);
+    return hidden ? QStringLiteral("Hide") : QStringLiteral("Show");
+}
+
 QString yesNo(bool flag) {
     return flag ? QStringLiteral("Yes") : QStringLiteral("No");
 }
@@ -68,66 +94,120 @@ QString yesNo(bool flag) {
 /// A field and how its value is shown, in one or more lines.
 struct FieldRow {
     FIELD_CODE code;
-    QStringList (*lines)(const MMS_UA_UAMsg& header);
+    QStringList (*lines)(const Message& message);
 };
 
-using Header = const MMS_UA_UAMsg&;
+using Read = const Message&;
 
 /// All fields in the order in which they are shown.
 constexpr FieldRow FIELD_ROWS[] = {
-    {FIELD_MESSAGE_TYPE, [](Header h) { return QStringList(kindOf(h)); }},
-    {FIELD_TRANSACTION_ID, [](Header h) { return QStringList(printable(h.getTransactionId())); }},
-    {FIELD_MMS_VERSION, [](Header h) { return QStringList(versionOf(h)); }},
-    {FIELD_MESSAGE_ID, [](Header h) { return QStringList(printable(h.getMsgID())); }},
-    {FIELD_DATE,
-     [](Header h) {
-         return QStringList(localTime(h.getSendTime()) + QStringLiteral(" (moment of reading)"));
-     }},
-    {FIELD_FROM, [](Header h) { return QStringList(senderOf(h)); }},
-    {FIELD_TO, [](Header h) { return addressLines(h.getTo()); }},
-    {FIELD_CC, [](Header h) { return addressLines(h.getCc()); }},
-    {FIELD_BCC, [](Header h) { return addressLines(h.getBcc()); }},
-    {FIELD_SUBJECT, [](Header h) { return QStringList(printable(h.getSubject())); }},
-    {FIELD_MESSAGE_CLASS, [](Header h) { return QStringList(wordOf(messageClassWords, h.messageClass)); }},
-    {FIELD_PRIORITY, [](Header h) { return QStringList(wordOf(priorityWords, h.getPriority())); }},
-    {FIELD_STATUS, [](Header h) { return QStringList(wordOf(statusWords, h.status)); }},
+    {FIELD_MESSAGE_TYPE, [](Read m) { return QStringList(kindOf(m)); }},
+    {FIELD_TRANSACTION_ID, [](Read m) { return QStringList(printable(m.header.getTransactionId())); }},
+    {FIELD_MMS_VERSION, [](Read m) { return QStringList(versionOf(m.header)); }},
+    {FIELD_MESSAGE_ID, [](Read m) { return QStringList(printable(m.header.getMsgID())); }},
+    {FIELD_DATE, [](Read m) { return QStringList(dateOf(m)); }},
+    {FIELD_FROM, [](Read m) { return QStringList(senderOf(m.header)); }},
+    {FIELD_TO, [](Read m) { return addressLines(m.header.getTo()); }},
+    {FIELD_CC, [](Read m) { return addressLines(m.header.getCc()); }},
+    {FIELD_BCC, [](Read m) { return addressLines(m.header.getBcc()); }},
+    {FIELD_SUBJECT, [](Read m) { return QStringList(printable(m.header.getSubject())); }},
+    {FIELD_MESSAGE_CLASS,
+     [](Read m) { return QStringList(wordOf(messageClassWords, m.header.messageClass)); }},
+    {FIELD_PRIORITY, [](Read m) { return QStringList(wordOf(priorityWords, m.header.getPriority())); }},
+    {FIELD_STATUS, [](Read m) { return QStringList(wordOf(statusWords, m.header.status)); }},
     {FIELD_RESPONSE_STATUS,
-     [](Header h) { return QStringList(wordOf(responseStatusWords, h.responseStatus)); }},
-    {FIELD_RESPONSE_TEXT, [](Header h) { return QStringList(printable(h.getResponseText())); }},
-    {FIELD_MESSAGE_SIZE, [](Header h) { return QStringList(counted(h.getMsgSize(), "octet")); }},
-    {FIELD_CONTENT_LOCATION, [](Header h) { return QStringList(printable(h.getMsgURI())); }},
-    {FIELD_DELIVERY_TIME, [](Header h) { return QStringList(localTime(h.getDeliveryTime())); }},
-    {FIELD_EXPIRY, [](Header h) { return QStringList(expiryOf(h)); }},
-    {FIELD_SENDER_VISIBILITY,
-     [](Header h) {
-         return QStringList(h.getSenderVisibility() ? QStringLiteral("Hide") : QStringLiteral("Show"));
-     }},
-    {FIELD_DELIVERY_REPORT, [](Header h) { return QStringList(yesNo(h.getDeliveryReportNecessity())); }},
-    {FIELD_READ_REPLY, [](Header h) { return QStringList(yesNo(h.getReadReplyNecessity())); }},
-    {FIELD_REPORT_ALLOWED, [](Header h) { return QStringList(yesNo(h.getReportAllowed())); }},
-    {FIELD_DISTRIBUTION_INDICATOR, [](Header h) { return QStringList(yesNo(h.getDistributionInd())); }},
-    {FIELD_CONTENT_TYPE, [](Header h) { return QStringList(contentTypeOf(h)); }},
+     [](Read m) { return QStringList(wordOf(responseStatusWords, m.header.responseStatus)); }},
+    {FIELD_RESPONSE_TEXT, [](Read m) { return QStringList(printable(m.header.getResponseText())); }},
+    {FIELD_MESSAGE_SIZE, [](Read m) { return QStringList(counted(m.header.getMsgSize(), "octet")); }},
+    {FIELD_CONTENT_LOCATION, [](Read m) { return QStringList(printable(m.header.getMsgURI())); }},
+    {FIELD_DELIVERY_TIME, [](Read m) { return QStringList(localTime(m.header.getDeliveryTime())); }},
+    {FIELD_EXPIRY, [](Read m) { return QStringList(expiryOf(m)); }},
+    {FIELD_SENDER_VISIBILITY, [](Read m) { return QStringList(visibilityOf(m)); }},
+    {FIELD_DELIVERY_REPORT, [](Read m) { return QStringList(yesNo(m.header.getDeliveryReportNecessity())); }},
+    {FIELD_READ_REPLY, [](Read m) { return QStringList(yesNo(m.header.getReadReplyNecessity())); }},
+    {FIELD_REPORT_ALLOWED, [](Read m) { return QStringList(yesNo(m.header.getReportAllowed())); }},
+    {FIELD_DISTRIBUTION_INDICATOR, [](Read m) { return QStringList(yesNo(m.header.getDistributionInd())); }},
+    {FIELD_CONTENT_TYPE, [](Read m) { return QStringList(contentTypeOf(m.header)); }},
 };
 
-constexpr int NAME_WIDTH = 24; // the longest field name and some room
+constexpr int NAME_WIDTH = 23; // the longest name of the phone's fields
+constexpr int MOST_UNKNOWN_TOLD = 5;
+
+/// The name of a field as a person needs it.
+QString withoutPrefix(const QString& name) {
+    const QLatin1String prefix("X-Mms-");
+    return name.startsWith(prefix) ? name.sliced(prefix.size()) : name;
+}
+
+void addLines(QString& text, QString name, const QStringList& lines) {
+    for (const QString& line : lines) {
+        text += QStringLiteral("  %1 %2\n").arg(name.leftJustified(NAME_WIDTH), line);
+        name.clear();
+    }
+}
+
+/// The codes of the fields that the message must have and has not.
+QList<int> missingFields(const Message& message) {
+    if (message.reading() == READING_SENT)
+        return message.wire().missingFields();
+    QList<int> missing;
+    if (const MessageKind* kind = messageKind(message.header.messageType))
+        for (const int code : kind->mandatory)
+            if (!message.header.fieldsPresent(presenceBit(code)))
+                missing += code;
+    return missing;
+}
+
+/// What is to be said of the fields as a whole.
+QStringList remarksOnHeader(const Message& message) {
+    const bool sent = message.reading() == READING_SENT;
+    QStringList remarks;
+    QStringList missing;
+    for (const int code : missingFields(message))
+        missing += fieldName(code);
+    if (!missing.isEmpty())
+        remarks += QStringLiteral("fields are missing that such a message must have: ") +
+                   missing.join(QStringLiteral(", "));
+    if (!(sent ? message.wire().isFieldOrderCorrect() : message.header.pduOrderCheck()))
+        remarks += QStringLiteral("the fields are not in the order that is asked for: Message-Type, "
+                                  "Transaction-Id and MMS-Version first, Content-Type last");
+    if (sent)
+        return remarks;
+    int unknown = 0;
+    for (const PhoneStep& step : phoneSteps(message.octets()))
+        if (!step.isKnown() && ++unknown <= MOST_UNKNOWN_TOLD)
+            remarks += QStringLiteral("%1 at octet %2 is not known to the phone")
+                           .arg(step.asWritten)
+                           .arg(step.begin);
+    if (unknown > MOST_UNKNOWN_TOLD)
+        remarks += QStringLiteral("%1 fields in all are not known to the phone").arg(unknown);
+    return remarks;
+}
 
 } // namespace
 
-QString headerForPerson(const MMS_UA_UAMsg& header) {
+QString fieldName(int code) {
+    const HeaderField* field = headerField(code);
+    const MMS_WIRE_Field* sent = wireField(code);
+    return field  ? QString::fromLatin1(field->name)
+           : sent ? withoutPrefix(QString::fromLatin1(sent->name))
+                  : QString();
+}
+
+QStringList fieldLines(const Message& message, int code) {
+    const auto row = std::find_if(std::begin(FIELD_ROWS), std::end(FIELD_ROWS),
+                                  [code](const FieldRow& r) { return r.code == code; });
+    return row == std::end(FIELD_ROWS) ? QStringList() : row->lines(message);
+}
+
+QString headerForPerson(const Message& message) {
     QString text = QStringLiteral("Header\n");
-    for (const FieldRow& row : FIELD_ROWS) {
-        if (!header.fieldsPresent(presenceBit(row.code)))
-            continue;
-        QString name = QString::fromLatin1(headerField(row.code)->name);
-        const QStringList lines = row.lines(header);
-        for (const QString& line : lines) {
-            text += QStringLiteral("  %1%2\n").arg(name.leftJustified(NAME_WIDTH), line);
-            name.clear();
-        }
-    }
-    if (!header.mandatoryFldsPresentInPDU())
-        text += QStringLiteral("  (fields are missing that such a message must have)\n");
-    if (!header.pduOrderCheck())
-        text += QStringLiteral("  (the fields are not in the order that is asked for)\n");
+    for (const FieldRow& row : FIELD_ROWS)
+        if (message.header.fieldsPresent(presenceBit(row.code)))
+            addLines(text, fieldName(row.code), row.lines(message));
+    for (const MMS_WIRE_Item& field : message.otherFields)
+        addLines(text, printableStart(withoutPrefix(field.name())), {valueForPerson(field)});
+    for (const QString& remark : remarksOnHeader(message))
+        text += QStringLiteral("  (%1)\n").arg(remark);
     return text;
 }

@@ -1,15 +1,17 @@
+#include "tools/lummms/print/json.h"
 #include "codec/header_fields.h"
 #include "codec/message_kinds.h"
 #include "multipart/body_part.h"
 #include "smil/model/words.h"
 #include "tools/lummms/message.h"
 #include "tools/lummms/print/print.h"
+#include "wire/fields.h"
 
 #include <QCryptographicHash>
 #include <QHash>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -73,11 +75,51 @@ constexpr FieldKey FIELD_KEYS[] = {
     {FIELD_CONTENT_TYPE, "contentType", [](Header h) { return jsonOf(h.getContentType()); }},
 };
 
-QJsonObject headerJson(Header header) {
+/// A field that the sender gives as a span of time or as a moment, and the key of each.
+struct TimeKeys {
+    FIELD_CODE code;
+    const char* span;
+    const char* moment;
+};
+
+constexpr TimeKeys TIME_KEYS[] = {
+    {FIELD_DELIVERY_TIME, "deliveryDelay", "deliveryTime"},
+    {FIELD_EXPIRY, "expiry", "expiryTime"},
+};
+
+QJsonObject headerFields(Header header) {
     QJsonObject json;
     for (const FieldKey& field : FIELD_KEYS)
         if (header.fieldsPresent(presenceBit(field.code)))
             json.insert(QLatin1String(field.key), field.value(header));
+    return json;
+}
+
+/// What the header of a message says as it was sent.
+QJsonObject sentHeaderJson(const Message& message) {
+    QJsonObject json = headerFields(message.header);
+    for (const TimeKeys& keys : TIME_KEYS) {
+        json.remove(QLatin1String(keys.span));
+        json.remove(QLatin1String(keys.moment));
+        if (!message.header.fieldsPresent(presenceBit(keys.code)))
+            continue;
+        const MMS_WIRE_Item time = message.wire().field(keys.code);
+        if (time.kind() == MMS_WIRE_Item::TIME)
+            json.insert(QLatin1String(keys.moment), time.text());
+        else
+            json.insert(QLatin1String(keys.span), static_cast<qint64>(time.number()));
+    }
+    const MMS_WIRE_MessageType* type = wireMessageType(message.wire().messageType());
+    if (type)
+        json.insert("messageTypeName", QString::fromLatin1(type->name));
+    json.insert("mandatoryFieldsPresent", message.wire().missingFields().isEmpty());
+    json.insert("fieldOrderCorrect", message.wire().isFieldOrderCorrect());
+    return json;
+}
+
+/// What the phone makes of the header of a message.
+QJsonObject phoneHeaderJson(Header header) {
+    QJsonObject json = headerFields(header);
     const MessageKind* kind = messageKind(header.messageType);
     if (kind && header.fieldsPresent(presenceBit(FIELD_MESSAGE_TYPE)))
         json.insert("messageTypeName", QString::fromLatin1(kind->name));
@@ -92,14 +134,21 @@ QJsonObject headerJson(Header header) {
     return json;
 }
 
-QJsonObject partJson(const MMS_COMP_SMILMultipartBodypart& part) {
-    const QArray<char>& octets = part.getBodyData();
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    hash.addData(QByteArrayView(octets.data(), octets.size()));
+QByteArray sha256(QByteArrayView octets) {
+    return QCryptographicHash::hash(octets, QCryptographicHash::Sha256).toHex();
+}
+
+/// A part, with what it says of itself on the wire where that is known.
+QJsonObject partJson(const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Part* sent) {
+    const QByteArray decoded = sent ? sent->payload() : QByteArray();
+    const QArray<char>& kept = part.getBodyData();
+    const QByteArrayView payload = sent ? QByteArrayView(decoded) : QByteArrayView(kept.data(), kept.size());
+    const QList<MMS_WIRE_Part> inside = sent ? sent->parts() : QList<MMS_WIRE_Part>();
     QJsonArray subBodies;
     for (int i = 0; i < part.getSubBodyCount(); ++i)
-        subBodies += partJson(*part.getSubBody(static_cast<unsigned int>(i)));
-    return {
+        subBodies += partJson(*part.getSubBody(static_cast<unsigned int>(i)),
+                              i < inside.size() ? &inside.at(i) : nullptr);
+    QJsonObject json{
         {"contentType", part.getContentType()},
         {"subType", part.getSubType()},
         {"contentId", part.getContentID()},
@@ -109,16 +158,25 @@ QJsonObject partJson(const MMS_COMP_SMILMultipartBodypart& part) {
         {"boundary", part.getBoundary()},
         {"userPrompt", (part.getPartFlags() & MMS_COMP_SMILMultipartBodypart::FLAG_USER_PROMPT) != 0},
         {"refCount", part.getRefCount()},
-        {"size", qint64(octets.size())},
-        {"sha256", QString::fromLatin1(hash.result().toHex())},
+        {"size", qint64(payload.size())},
+        {"sha256", QString::fromLatin1(sha256(payload))},
         {"subBodies", subBodies},
     };
+    if (sent) {
+        json.insert("charset", sent->charset());
+        json.insert("transferEncoding", sent->transferEncoding());
+        json.insert("disposition", sent->disposition());
+        json.insert("wireSize", sent->wireSize());
+    }
+    return json;
 }
 
 QJsonObject bodyJson(Message& message) {
+    const QList<MMS_WIRE_Part> sent = message.wire().parts();
     QJsonArray parts;
     for (int i = 0; i < message.body.getPartCount(); ++i)
-        parts += partJson(*message.body.getBodypartByIndex(i, false));
+        parts +=
+            partJson(*message.body.getBodypartByIndex(i, false), i < sent.size() ? &sent.at(i) : nullptr);
     return {
         {"status", message.bodyStatus},
         {"start", message.body.getStart()},
@@ -213,25 +271,96 @@ QJsonObject presentationJson(Message& message) {
     };
 }
 
+/// A field that the record has no place for.
+QJsonObject otherFieldJson(const MMS_WIRE_Item& field) {
+    QJsonObject json{{"name", field.name()}};
+    if (field.code() >= 0)
+        json.insert("code", field.code());
+    if (field.hasNumber())
+        json.insert("value", numberJson(field));
+    if (const QString text = field.text(); !text.isEmpty())
+        json.insert("text", text);
+    return json;
+}
+
+QJsonArray otherFieldsJson(const Message& message) {
+    QJsonArray fields;
+    for (const MMS_WIRE_Item& field : message.otherFields)
+        fields += otherFieldJson(field);
+    return fields;
+}
+
+/// Half of a surrogate pair has no place in UTF-8, and comes as an escape that strict readers refuse: U+FFFD
+/// instead.
+void replaceHalfPairs(QByteArray& json) {
+    for (qsizetype at = json.indexOf('\\'); at >= 0; at = json.indexOf('\\', at + 2))
+        if (at + 6 <= json.size() && json[at + 1] == 'u' && json[at + 2] == 'd' && json[at + 3] >= '8')
+            json.replace(at + 2, 4, "fffd");
+}
+
+constexpr int MOST_INDENTED = 1000; // parts; nested ones are indented by far more than they hold
+
+int countParts(const QJsonArray& parts) {
+    int count = 0;
+    for (const QJsonValue& part : parts)
+        count += 1 + countParts(part["subBodies"].toArray());
+    return count;
+}
+
 } // namespace
+
+QJsonValue numberJson(const MMS_WIRE_Item& item) {
+    constexpr quint64 largest = std::numeric_limits<qint64>::max();
+    return static_cast<qint64>(std::min(item.number(), largest));
+}
+
+QJsonObject remarkJson(qint64 offset, const char* severity, const QString& what) {
+    QJsonObject json{{"severity", severity}, {"what", what}};
+    if (offset >= 0)
+        json.insert("offset", offset);
+    return json;
+}
+
+QJsonArray problemsJson(const QList<Problem>& problems) {
+    QJsonArray array;
+    for (const Problem& problem : problems)
+        array += remarkJson(problem.offset, problem.severity == SEVERITY_PROBLEM ? "problem" : "note",
+                            problem.what);
+    return array;
+}
+
+QByteArray jsonText(const QJsonObject& json, QJsonDocument::JsonFormat format) {
+    QByteArray text = QJsonDocument(json).toJson(format);
+    replaceHalfPairs(text);
+    return text;
+}
 
 QJsonObject toJson(Message& message) {
     const bool sent = message.reading() == READING_SENT;
     QJsonObject json{{"reading", sent ? QStringLiteral("sent") : QStringLiteral("phone")},
-                     {"result", message.result},
-                     {"header", headerJson(message.header)}};
+                     {"header", sent ? sentHeaderJson(message) : phoneHeaderJson(message.header)}};
     if (message.result == 0) {
         json.insert("bodyOffset", message.bodyOffset());
-        json.insert("bodyLength", qint64(message.header.bodyLength));
+        json.insert("bodyLength", message.bodyLength());
     }
     if (message.hasBody)
         json.insert("body", bodyJson(message));
     message.readPresentation();
     if (message.smilPart)
         json.insert("presentation", presentationJson(message));
+    if (!sent) {
+        json.insert("result", message.result);
+        return json;
+    }
+    if (message.header.fieldsPresent(presenceBit(FIELD_DATE)))
+        json.insert("date", message.header.getSendTime().toUTC().toString(Qt::ISODate));
+    json.insert("otherFields", otherFieldsJson(message));
+    json.insert("problems", problemsJson(message.problems()));
     return json;
 }
 
 QByteArray messageForProgram(Message& message) {
-    return QJsonDocument(toJson(message)).toJson();
+    const QJsonObject json = toJson(message);
+    const bool isLarge = countParts(json["body"]["parts"].toArray()) > MOST_INDENTED;
+    return jsonText(json, isLarge ? QJsonDocument::Compact : QJsonDocument::Indented) + (isLarge ? "\n" : "");
 }

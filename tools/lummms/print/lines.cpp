@@ -3,11 +3,9 @@
 #include "tools/lummms/command.h"
 #include "tools/lummms/line_reader.h"
 #include "tools/lummms/message.h"
+#include "tools/lummms/print/json.h"
 #include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
-
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 #include <cstdio>
@@ -25,7 +23,7 @@ QByteArray answer(const Origin& origin, QJsonObject json, const QString& error) 
     json.insert(origin.key, origin.value);
     if (!error.isEmpty())
         json.insert("error", error);
-    QByteArray text = QJsonDocument(json).toJson(QJsonDocument::Compact);
+    QByteArray text = jsonText(json, QJsonDocument::Compact);
     // most messages are plain ASCII; in others there may be what some readers take for a line end
     if (!std::all_of(text.cbegin(), text.cend(), [](char c) { return c >= ' ' && c < '\x7F'; }))
         text = printableLines(QString::fromUtf8(text)).toUtf8();

@@ -1,0 +1,57 @@
+// lummms check: what will go wrong with a message.
+
+#include "tools/lummms/check/findings.h"
+#include "tools/lummms/command.h"
+#include "tools/lummms/message.h"
+#include "tools/lummms/print/print.h"
+#include "tools/lummms/terminal.h"
+
+#include <algorithm>
+
+namespace {
+
+int checkOne(const CommandLine& line, const QString& path) {
+    Message message(READING_SENT);
+    QString cause;
+    if (!message.read(path, cause)) {
+        complain(path, cause);
+        return EXIT_UNUSABLE;
+    }
+    const QList<Finding> findings = findingsIn(message);
+    if (line.options.isSet("json")) {
+        print(printableLines(QString::fromUtf8(findingsForProgram(findings))));
+    } else {
+        printHeading(line, path);
+        print(findingsForPerson(findings));
+    }
+    const bool isFine = std::all_of(findings.begin(), findings.end(),
+                                    [](const Finding& finding) { return finding.severity == FINDING_PHONE; });
+    return isFine ? EXIT_DONE : EXIT_MALFORMED;
+}
+
+int check(const CommandLine& line) {
+    return worstOf(line.files, [&](const QString& path) { return checkOne(line, path); });
+}
+
+} // namespace
+
+Command checkCommand() {
+    return {
+        "check",
+        "Says what will go wrong with a message.",
+        {"[--json] FILE..."},
+        "A line for each finding: how bad it is, the octet where there is one, and a sentence.\n"
+        "  error    malformed, or something is lost: a field that must be there, the part of a reference,\n"
+        "           a presentation that cannot be read, more octets than the limit\n"
+        "  warning  off the rules: what is read all the same, fields out of order, a part that nothing "
+        "refers\n"
+        "           to, two parts of one name, a region outside the screen\n"
+        "  phone    what the phone loses or reads otherwise than it was sent, and why; not the Date, which\n"
+        "           it always replaces by the moment of reading, names of charsets, and the layout\n"
+        "Nothing is printed for a message without findings. Exit status 1 with errors or warnings.\n",
+        {{"json", "Prints the findings as JSON, for a program."}},
+        {"FILE..."},
+        {},
+        check,
+    };
+}
