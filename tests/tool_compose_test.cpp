@@ -96,13 +96,19 @@ TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
     EXPECT_EQ(read("m.mms"), "before");
 }
 
+constexpr const char* MOMENT = "2094-05-06T07:08:09Z";
+
+QString localMoment() {
+    return QDateTime::fromString(MOMENT, Qt::ISODate).toLocalTime().toString("yyyy-MM-ddTHH:mm:ss");
+}
+
 /// A header field as it is asked for, and as it is shown.
 const struct {
     FIELD_CODE field;
     const char* option;
     const char* value; ///< null for an option that has none
     const char* key;
-    QJsonValue shown;
+    QJsonValue shown; ///< by the phone's rules
 } FIELDS[] = {
     {FIELD_TRANSACTION_ID, "transaction-id", "T-1", "transactionId", "T-1"},
     {FIELD_MMS_VERSION, "version", "1.2", "version", "1.2"},
@@ -113,7 +119,7 @@ const struct {
     {FIELD_SUBJECT, "subject", "Hello", "subject", "Hello"},
     {FIELD_MESSAGE_CLASS, "class", "Auto", "messageClass", 131},
     {FIELD_EXPIRY, "expiry", "86400", "expiry", 86400},
-    {FIELD_DELIVERY_TIME, "delivery-time", "2094-05-06T07:08:09", "deliveryTime", "2094-05-06T07:08:09"},
+    {FIELD_DELIVERY_TIME, "delivery-time", MOMENT, "deliveryTime", localMoment()},
     {FIELD_PRIORITY, "priority", "low", "priority", 128},
     {FIELD_SENDER_VISIBILITY, "sender-visibility", "hide", "senderVisibility", true},
     {FIELD_DELIVERY_REPORT, "delivery-report", nullptr, "deliveryReport", true},
@@ -125,7 +131,7 @@ const struct {
     {FIELD_CONTENT_LOCATION, "content-location", "http://mmsc/1", "contentLocation", "http://mmsc/1"},
     {FIELD_STATUS, "status", "129", "status", 129},
     {FIELD_REPORT_ALLOWED, "report-allowed", "no", "reportAllowed", false},
-    {FIELD_DATE, "date", "2001-02-03T04:05:06Z", "date", QJsonValue::Undefined}, // the phone does not keep it
+    {FIELD_DATE, "date", MOMENT, "date", QJsonValue::Undefined}, // the phone does not keep it
 };
 
 TEST_F(ComposeTest, EachKindCarriesItsFieldsAndNoOther) {
@@ -147,14 +153,21 @@ TEST_F(ComposeTest, EachKindCarriesItsFieldsAndNoOther) {
             arguments += {"--slide", "1", "text:a"};
         const Outcome made = lummms(arguments);
         EXPECT_TRUE(made.status == 0 && made.err.isEmpty()) << made.err.constData();
-        const QJsonValue header = lummms({"show", "--json", "--phone", path("m.mms")}).json()["header"];
-        EXPECT_EQ(header["messageType"].toInt(), type);
         const QByteArray pdu = read("m.mms");
         MMS_WIRE_Reader sent;
         const bool isReport = type == MESSAGE_DELIVERY_IND; // written without a Message-ID, the version first
         EXPECT_TRUE(sent.read(pdu) && sent.marks().isEmpty()) << kind.name;
         EXPECT_EQ(sent.missingFields(), isReport ? QList<int>{FIELD_MESSAGE_ID} : QList<int>()) << kind.name;
         EXPECT_EQ(sent.isFieldOrderCorrect(), !isReport) << kind.name;
+        MMS_UA_UAMsg meant;
+        sent.fill(&meant);
+        const QDateTime moment = QDateTime::fromString(MOMENT, Qt::ISODate);
+        EXPECT_TRUE(!order.count(FIELD_DATE) || meant.getSendTime() == moment) << kind.name;
+        EXPECT_TRUE(!order.count(FIELD_DELIVERY_TIME) || meant.getDeliveryTime() == moment) << kind.name;
+        EXPECT_FALSE(meant.getSenderVisibility()) << "hidden, or not said";
+        const QJsonObject header =
+            lummms({"show", "--json", "--phone", path("m.mms")}).json()["header"].toObject();
+        EXPECT_EQ(header["messageType"].toInt(), type);
         for (const auto& row : FIELDS) {
             if (order.count(row.field)) {
                 EXPECT_EQ(header[row.key], row.shown) << kind.name << ' ' << row.key;
