@@ -12,7 +12,8 @@ unsigned char MsgDateField::readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) c
     const unsigned char result = SecondsBinary::readFrom(buffer, &dropped);
     if (result != CODEC_READ)
         return result;
-    msg->setSendTime(QDateTime::currentDateTime()); // begins with tzset(), which takes the most of its time
+    tzset();
+    msg->setSendTime(QDateTime::currentDateTime());
     return result;
 }
 

@@ -26,6 +26,7 @@ int signedSeconds(qint64 seconds) {
 } // namespace
 
 qint64 SecondsBinary::of(const QDateTime& time) {
+    tzset(); // the time zone may have changed since the last message
     const QDate date = time.date();
     const QTime clock = time.time();
     tm parts{};
@@ -36,7 +37,7 @@ qint64 SecondsBinary::of(const QDateTime& time) {
     parts.tm_mon = date.month() - 1;
     parts.tm_year = date.year() - 1900;
     parts.tm_isdst = -1;
-    return mktime(&parts); // begins with tzset()
+    return mktime(&parts);
 }
 
 unsigned char SecondsBinary::readFrom(LinearBuffer* buffer, unsigned int* out) {
@@ -75,6 +76,7 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, u
     unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (result != CODEC_READ)
         return result;
+    tzset();
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     *token = buffer->readByte();
@@ -88,7 +90,6 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, QDateTime* out) {
     const unsigned char result = readFrom(buffer, &token, &seconds);
     if (result != CODEC_READ)
         return result;
-    tzset(); // the time zone may have changed since the last message
     *out = token == ABSOLUTE ? QDateTime::fromSecsSinceEpoch(seconds)
                              : QDateTime::currentDateTime().addSecs(seconds);
     return result;

@@ -9,9 +9,6 @@
 namespace {
 
 constexpr int deepest = 16; // multiparts inside the body
-constexpr int highBit = 0x80;
-constexpr int firstTextOctet = 32;
-constexpr int octetQuote = 127;
 constexpr int contentTypeHeader = 0x11;
 
 void readEntries(ValueReader& in, int depth);
@@ -45,13 +42,13 @@ const MMS_WIRE_Field* headerByName(QByteArrayView name) {
 void readHeaders(ValueReader& in) {
     while (in.hasMore()) {
         const unsigned char first = in.next();
-        if (first >= firstTextOctet && first < octetQuote) {
+        if (first >= ValueOctet::firstText && first < ValueOctet::quote) {
             in.readNamed(headerByName);
-        } else if (first < highBit) {
+        } else if (first < ValueOctet::highBit) {
             in.readStray();
         } else {
             const qsizetype from = in.at();
-            const int code = first & ~highBit;
+            const int code = first & ~ValueOctet::highBit;
             const MMS_WIRE_Field* row = wirePartHeader(code);
             in.goTo(from + 1);
             in.read(row ? row->form : FORM_ANY, static_cast<quint16>(WIRE_PART_HEADER + code), from);

@@ -10,21 +10,9 @@
 
 namespace {
 
-constexpr int lengthQuote = 31; // a uintvar with the length follows
-constexpr int firstTextOctet = 32;
-constexpr int octetQuote = 127; // in front of a text that would begin with 128 or more
 constexpr int textQuote = 0x22; // in front of a quoted text
-constexpr int highBit = 0x80;
-constexpr int lowBits = 0x7F;
-constexpr int absoluteToken = 128, relativeToken = 129;
-constexpr int addressToken = 128, insertAddressToken = 129;
 constexpr int yes = 128, no = 129;
-constexpr int mboxDeleteConf = 146, deleteConf = 149;
 constexpr quint64 largest = std::numeric_limits<quint64>::max();
-
-bool isParameter(quint16 what) {
-    return what >= WIRE_PARAMETER && what < WIRE_MESSAGE;
-}
 
 } // namespace
 
@@ -87,13 +75,14 @@ bool ValueReader::readForm(WIRE_FORM form, quint16 what, qsizetype from) {
     case FORM_ADDRESS:
         return readEncoded(what, from, WIRE_ADDRESS);
     case FORM_CLASS:
-        return next() >= highBit ? readOctet(FORM_OCTET, what, from) : readTextString(what, from, false);
+        return next() >= ValueOctet::highBit ? readOctet(FORM_OCTET, what, from)
+                                             : readTextString(what, from, false);
     case FORM_TIME:
         return readTime(what, from);
     case FORM_FROM:
         return readFrom(what, from);
     case FORM_CONTENT_TYPE:
-        if (next() >= firstTextOctet)
+        if (next() >= ValueOctet::firstText)
             return readMedia(what, from);
         return readCompound(what, from, {{FORM_MEDIA, WIRE_MEDIA}, {FORM_PARAMETERS, 0}});
     case FORM_MEDIA:
@@ -115,7 +104,7 @@ bool ValueReader::readForm(WIRE_FORM form, quint16 what, qsizetype from) {
     case FORM_ELEMENT:
         return readCompound(what, from, {{FORM_TEXT, WIRE_TEXT}, {FORM_PARAMETERS, 0}});
     case FORM_DISPOSITION:
-        if (what == WIRE_VALUE && next() >= firstTextOctet) // by name, many write it as MIME does
+        if (what == WIRE_VALUE && next() >= ValueOctet::firstText) // by name, many write it as MIME does
             return readAny(what, from);
         return readCompound(what, from, {{FORM_CLASS, WIRE_DISPOSITION}, {FORM_PARAMETERS, 0}});
     case FORM_LENGTH_DATE:
@@ -132,8 +121,8 @@ bool ValueReader::takeUintvar(quint64* value) {
     *value = 0;
     while (hasMore()) {
         const unsigned char octet = data_[at_++];
-        *value = *value > largest >> 7 ? largest : *value << 7 | (octet & lowBits);
-        if (!(octet & highBit))
+        *value = *value > largest >> 7 ? largest : *value << 7 | (octet & ValueOctet::lowBits);
+        if (!(octet & ValueOctet::highBit))
             return true;
     }
     return false;
@@ -145,8 +134,8 @@ bool ValueReader::takeInteger(quint64* value) {
     if (!beginsInteger())
         return false;
     const unsigned char first = next();
-    if (first & highBit) {
-        *value = first & lowBits;
+    if (first & ValueOctet::highBit) {
+        *value = first & ValueOctet::lowBits;
         ++at_;
         return true;
     }
@@ -160,7 +149,7 @@ bool ValueReader::takeInteger(quint64* value) {
 }
 
 bool ValueReader::readInteger(WIRE_FORM form, quint16 what, qsizetype from) {
-    const bool isShort = next() & highBit;
+    const bool isShort = next() & ValueOctet::highBit;
     quint64 value = 0;
     if (!takeInteger(&value))
         return readMisfit(what, from);
@@ -173,10 +162,10 @@ bool ValueReader::readOctet(WIRE_FORM form, quint16 what, qsizetype from) {
     const unsigned char octet = next();
     if (form == FORM_NO_VALUE ? octet != 0
         : form == FORM_YES_NO ? octet != yes && octet != no
-                              : octet < highBit)
+                              : octet < ValueOctet::highBit)
         return readMisfit(what, from);
     ++at_;
-    const quint64 value = form == FORM_SHORT ? octet & lowBits : octet;
+    const quint64 value = form == FORM_SHORT ? octet & ValueOctet::lowBits : octet;
     tree_.add(what, MMS_WIRE_Item::NUMBER, from, value,
               form == FORM_OCTET && !isKnownNumber(what, value) ? MARK_NO_WORD : MARK_NONE);
     return true;
@@ -205,7 +194,7 @@ bool ValueReader::readText(quint16 what, qsizetype from, int charset, bool isQuo
     const unsigned char* end = zero ? static_cast<const unsigned char*>(zero) : data_ + end_;
     TextPlace place = {charset, static_cast<int>(at_ - from), zero ? 1 : 0};
     at_ = end - data_ + place.tail;
-    if (begin != end && *begin == octetQuote) {
+    if (begin != end && *begin == ValueOctet::quote) {
         ++begin;
         ++place.head;
     }
@@ -228,7 +217,7 @@ bool ValueReader::readWideText(quint16 what, qsizetype from, int charset) {
     const bool isMarked = octets.sliced(std::min<qsizetype>(1, octets.size())).startsWith("\xFE\xFF") ||
                           octets.sliced(std::min<qsizetype>(1, octets.size())).startsWith("\xFF\xFE");
     qsizetype begin = 0;
-    if (octets.startsWith(char(octetQuote)) && (isMarked || octets.size() % unit == 1)) {
+    if (octets.startsWith(char(ValueOctet::quote)) && (isMarked || octets.size() % unit == 1)) {
         begin = 1;
         ++place.head;
     }
@@ -258,7 +247,7 @@ bool ValueReader::readTextString(quint16 what, qsizetype from, bool isQuoted) {
     if (!beginsText())
         return readMisfit(what, from);
     const quint32 index = tree_.size();
-    const bool isHigh = next() & highBit;
+    const bool isHigh = next() & ValueOctet::highBit;
     const bool fits = readText(what, from, charsetUnknown, isQuoted);
     if (isHigh)
         tree_.mark(index, MARK_HIGH_TEXT);
@@ -289,172 +278,6 @@ bool ValueReader::readEncoded(quint16 what, qsizetype from, quint16 inside) {
     return fits;
 }
 
-// ---- values of several ----
-
-/// Takes a length: what it states, and how many octets of that there are.
-qsizetype ValueReader::takeLength(quint64* stated, quint32* marks) {
-    *stated = data_[at_++];
-    if (*stated == lengthQuote && !takeUintvar(stated)) {
-        *marks |= MARK_NUMBER_CUT;
-        return 0;
-    }
-    if (*stated > static_cast<quint64>(left())) {
-        *marks |= MARK_LENGTH_CUT;
-        return left();
-    }
-    return static_cast<qsizetype>(*stated);
-}
-
-/// Begins an item with the code in front, if there is one, and the length.
-quint32 ValueReader::openWithLength(quint16 what, qsizetype from, qsizetype* length) {
-    const quint32 index = tree_.open(what, from);
-    if (from < at_)
-        tree_.addSyntax(WIRE_CODE, from, data_[from] & lowBits);
-    const qsizetype at = at_;
-    quint64 stated = 0;
-    quint32 marks = MARK_NONE;
-    *length = takeLength(&stated, &marks);
-    tree_.addSyntax(WIRE_LENGTH, at, stated, marks);
-    return index;
-}
-
-bool ValueReader::readCompound(quint16 what, qsizetype from, std::initializer_list<Component> components) {
-    if (next() == 0 || next() > lengthQuote)
-        return readMisfit(what, from);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = true;
-    {
-        const Limit limit(*this, length, true);
-        for (const Component& component : components)
-            fits = fits && (component.form == FORM_PARAMETERS ? readParameters()
-                                                              : read(component.form, component.what, at_));
-        if (!fits)
-            readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE); // the mark is where it went wrong
-    }
-    tree_.close(index);
-    return fits;
-}
-
-/// Takes the rest of a value that turns out not to have its form.
-void ValueReader::giveUp(quint32 index) {
-    tree_.mark(index, MARK_FORM);
-    readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE);
-}
-
-bool ValueReader::readTime(quint16 what, qsizetype from) {
-    if (next() == 0 || next() > lengthQuote)
-        return readMisfit(what, from);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = false;
-    {
-        const Limit limit(*this, length, true);
-        if (hasMore() && (next() == absoluteToken || next() == relativeToken)) {
-            const bool isAbsolute = next() == absoluteToken;
-            tree_.addSyntax(WIRE_TIME_TOKEN, at_, next());
-            ++at_;
-            const quint32 time = tree_.size();
-            fits = read(FORM_DATE, WIRE_TIME, at_);
-            if (fits && !isAbsolute)
-                tree_.node(time).kind = MMS_WIRE_Item::SECONDS;
-        } else {
-            giveUp(index);
-        }
-    }
-    tree_.close(index);
-    return fits;
-}
-
-bool ValueReader::readFrom(quint16 what, qsizetype from) {
-    if (next() == 0 || next() > lengthQuote)
-        return readMisfit(what, from);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = false;
-    {
-        const Limit limit(*this, length, true);
-        if (hasMore() && next() == addressToken) {
-            tree_.addSyntax(WIRE_FROM_TOKEN, at_, next());
-            ++at_;
-            fits = read(FORM_ADDRESS, WIRE_ADDRESS, at_);
-        } else if (hasMore() && next() == insertAddressToken) {
-            tree_.add(WIRE_FROM_TOKEN, MMS_WIRE_Item::NUMBER, at_, next());
-            ++at_;
-            fits = true;
-        } else {
-            giveUp(index);
-        }
-    }
-    tree_.close(index);
-    return fits;
-}
-
-// ---- media types, charsets, parameters ----
-
-bool ValueReader::readMedia(quint16 what, qsizetype from) {
-    if (beginsInteger()) {
-        quint64 number = 0;
-        if (!takeInteger(&number))
-            return readMisfit(what, from);
-        tree_.add(what, MMS_WIRE_Item::NUMBER, from, number, isKnownMedia(number) ? MARK_NONE : MARK_MEDIA);
-        return true;
-    }
-    return next() == 0 ? readMisfit(what, from) : readTextString(what, from, isParameter(what));
-}
-
-bool ValueReader::readCharsetParameter(quint16 what, qsizetype from) {
-    const quint32 index = tree_.size();
-    if (!beginsInteger()) {
-        if (!readTextString(what, from, true))
-            return false;
-        tree_.setEnd(at_);
-        if (charsetByName(textOctets(tree_.item(index))) == charsetUnknown)
-            tree_.mark(index, MARK_CHARSET);
-        return true;
-    }
-    quint64 number = 0;
-    if (!takeInteger(&number))
-        return readMisfit(what, from);
-    const int charset = static_cast<int>(std::min<quint64>(number, largestCharset));
-    tree_.add(what, MMS_WIRE_Item::NUMBER, from, number,
-              isKnownCharset(charset, tree_.charsets()) ? MARK_NONE : MARK_CHARSET);
-    return true;
-}
-
-bool ValueReader::readParameters() {
-    while (hasMore()) {
-        const qsizetype from = at_;
-        const unsigned char first = next();
-        if (first & highBit) {
-            const int code = first & lowBits;
-            const MMS_WIRE_Field* row = wireParameter(code);
-            ++at_;
-            const quint32 index = tree_.size();
-            read(row ? row->form : FORM_ANY, static_cast<quint16>(WIRE_PARAMETER + code), from);
-            if (!row)
-                tree_.mark(index, MARK_UNKNOWN);
-        } else if (first >= firstTextOctet && first != octetQuote) {
-            readNamedParameter();
-        } else {
-            readStray();
-        }
-    }
-    return true;
-}
-
-void ValueReader::readNamedParameter() {
-    const quint32 index = tree_.open(WIRE_NAMED, at_);
-    const quint32 name = tree_.size();
-    readText(WIRE_NAME, at_, charsetUnknown, false);
-    tree_.node(name).isSyntax = true;
-    if (beginsInteger())
-        read(FORM_INTEGER, WIRE_VALUE, at_);
-    else
-        read(FORM_QUOTED, WIRE_VALUE, at_);
-    tree_.close(index);
-}
-
 void ValueReader::readNamed(const MMS_WIRE_Field* (*known)(QByteArrayView name)) {
     const quint32 index = tree_.open(WIRE_NAMED, at_);
     const quint32 name = tree_.size();
@@ -470,12 +293,12 @@ void ValueReader::readNamed(const MMS_WIRE_Field* (*known)(QByteArrayView name))
 // ---- what is not understood ----
 
 bool ValueReader::readAny(quint16 what, qsizetype from) {
-    if (next() >= highBit) {
+    if (next() >= ValueOctet::highBit) {
         tree_.add(what, MMS_WIRE_Item::NUMBER, from, next());
         ++at_;
         return true;
     }
-    if (next() >= firstTextOctet)
+    if (next() >= ValueOctet::firstText)
         return readText(what, from, charsetUnknown, false);
     quint64 stated = 0;
     quint32 marks = MARK_NONE;
@@ -496,7 +319,7 @@ bool ValueReader::readMisfit(quint16 what, qsizetype from) {
 
 void ValueReader::readStray() {
     const qsizetype from = at_;
-    while (hasMore() && (next() < firstTextOctet || next() == octetQuote))
+    while (hasMore() && (next() < ValueOctet::firstText || next() == ValueOctet::quote))
         ++at_;
     tree_.add(WIRE_STRAY, MMS_WIRE_Item::OCTETS, from, 0, MARK_STRAY);
 }

@@ -5,6 +5,20 @@
 
 // Values of header fields, parts' headers and parameters (WSP, section 8.4; MMS encapsulation, section 7.2).
 
+/// The octets that tell the forms of values apart.
+namespace ValueOctet {
+constexpr int lengthQuote = 31; // a uintvar with the length follows
+constexpr int firstText = 32;
+constexpr int quote = 127; // in front of a text that would begin with 128 or more
+constexpr int highBit = 0x80;
+constexpr int lowBits = 0x7F;
+} // namespace ValueOctet
+
+/// Whether a WIRE_WHAT is a parameter's.
+constexpr bool isParameter(quint16 what) {
+    return what >= WIRE_PARAMETER && what < WIRE_MESSAGE;
+}
+
 /// Reads values from the octets of a tree into items, up to a limit.
 ///
 /// Each reading operation adds exactly the items for the octets it passes, from `from` on (a code in front of
