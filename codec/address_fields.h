@@ -8,8 +8,8 @@
 
 // The header fields whose value is an address.
 
-/// A list of recipients: the field is repeated, one address each time. Writing an address that
-/// cannot be sent leaves the bare field code and answers CODEC_REFUSED if it is the last.
+/// A list of recipients: the field is repeated for each address. An address that cannot be sent is
+/// written as the bare field code; CODEC_REFUSED if it is the last.
 template <FIELD_CODE fieldCode, auto getter, void (MMS_UA_UAMsg::*add)(MMS_UTIL_Entry&)>
 class RecipientsField : public FieldBase {
 public:
@@ -49,10 +49,10 @@ class LUM_EXPORT CcField final
 class LUM_EXPORT BccField final
     : public RecipientsField<FIELD_BCC, &MMS_UA_UAMsg::getBcc, &MMS_UA_UAMsg::addBccRecipient> {};
 
-/// From, 0x89: a Value-length, then the token 128 and an address, or the token 129 that asks the
-/// network to insert it. A message without a sender's address is written with the latter. Reading gives
-/// the message a placeholder first (name "NoBody", type MMS_UTIL_Entry::PLACEHOLDER, no address), and
-/// then the address if there is one.
+/// From, 0x89: a Value-length, then the token 128 and an address, or the token 129, which asks the
+/// network to insert the address and is written for a message without a sender. Reading first sets a
+/// placeholder (name "NoBody", type MMS_UTIL_Entry::PLACEHOLDER, no address), and then the address if
+/// there is one.
 class LUM_EXPORT FromField final : public FieldBase {
 public:
     unsigned char readField(LinearBuffer* buffer, MMS_UA_UAMsg* msg) const override;

@@ -4,14 +4,14 @@
 #include "platform/export.h"
 #include "platform/utility/msg_header_base.h"
 
-/// The header of one MMS PDU: every field that the encoder and the decoder know, which of them are
-/// set, where each stood in a decoded PDU, and the body behind the header.
+/// The header of one MMS PDU: all fields that the encoder and the decoder know, which of them are
+/// present, their positions in a decoded PDU, and the body behind the header.
 ///
-/// The setters of the base mark their field as present; a setter given nothing (an empty text, entry
-/// or list, a time without date and hour, a content type without a type) changes nothing, but setFrom()
-/// takes the placeholder of type MMS_UTIL_Entry::PLACEHOLDER. The decoder hands every field that has a
-/// setter to it, so that a class which overrides it sees the field. The fields that are public data mark
-/// nothing, nor does setMsgSize(): who builds a message sets the value and calls markPresent().
+/// Setters mark their field as present. They ignore empty values (an empty text, entry or list, a time
+/// without date and hour, a content type without a type), but setFrom() accepts the placeholder of type
+/// MMS_UTIL_Entry::PLACEHOLDER. The decoder calls the setters, so that a class that overrides one sees
+/// the field. Public data members and setMsgSize() mark nothing: to build a message, set the value and
+/// call markPresent().
 class LUM_EXPORT MMS_UA_UAMsg : public MMS_UTIL_MsgHeaderBase {
 public:
     MMS_UA_UAMsg();
@@ -47,11 +47,11 @@ public:
     QString getTransactionId() const { return transactionId; }
     /// Stores the transaction id and marks it present; an empty one changes nothing.
     void setTransactionId(const QString& id);
-    /// The text that goes with the response status; empty when it was never set.
+    /// The explanation of the response status; empty when it was never set.
     QString getResponseText() const { return responseText; }
     /// Stores the response text and marks it present; an empty one changes nothing.
     void setResponseText(const QString& text);
-    /// Whether the sender may be told of the delivery.
+    /// Whether the sender may get a delivery report.
     bool getReportAllowed() const { return reportAllowed; }
     /// Stores Report-Allowed and marks it present.
     void setReportAllowed(bool allowed);
@@ -63,10 +63,10 @@ public:
     /// Marks one field as present.
     void markPresent(FIELD_CODE code) { present |= presenceBit(code); }
 
-    /// Where a field stood in a decoded PDU, counted from 1; 0 when it was not seen. Repeated fields
-    /// in a row share a position. Known for the codes 0 to 25; 0 for any other.
+    /// The position of a field in a decoded PDU, counted from 1; 0 when it was absent, and for codes
+    /// above 25. Consecutive repetitions of a field share a position.
     unsigned char getFieldPosition(unsigned char code) const;
-    /// Keeps a position from 1 to 25 for a code from 0 to 25; drops any other.
+    /// Stores a position from 1 to 25 for a code from 0 to 25; ignores any other.
     void setFieldPosition(unsigned char code, unsigned char position);
 
     /// True for major version 1.
@@ -74,12 +74,12 @@ public:
     /// True for minor version 0.
     bool isMMSMinorVersionCorrect() const { return (version & 0x0F) == 0; }
 
-    /// Whether all fields are present that a received message of this type must have; true for the
-    /// types that need none.
+    /// Whether all fields are present that a received message of this type must have; true for
+    /// types that require none.
     bool mandatoryFldsPresentInPDU() const;
-    /// Whether a decoded message has Message-Type, Transaction-Id and MMS-Version in front in this
-    /// order (absent ones left out) and Content-Type, if it has one, at the end. Places are compared with
-    /// the number of fields, so a field that returns after others, or the distribution indicator, makes it
+    /// Whether a decoded message begins with Message-Type, Transaction-Id and MMS-Version in this order
+    /// (absent ones left out) and ends with Content-Type, if it has one. Positions are compared with the
+    /// number of fields: a field that is repeated after others, or the distribution indicator, gives
     /// false.
     bool pduOrderCheck() const;
 
@@ -92,8 +92,8 @@ public:
     bool reportAllowed = false;         ///< Report-Allowed; see also setReportAllowed()
     unsigned char responseStatus = 128; ///< Response-Status octet, 128 Ok
     QString responseText;               ///< Response-Text
-    /// First octet behind a decoded header. It points into the decoder's input, is valid as long as
-    /// the caller keeps that, and is null before a header was read whole.
+    /// The first octet behind a decoded header. It points into the decoder's input and is valid as long
+    /// as that is; null before a whole header was read.
     unsigned char* bodyStart = nullptr;
     unsigned int bodyLength = 0; ///< octets from bodyStart to the end of the input
 

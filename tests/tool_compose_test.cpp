@@ -82,12 +82,12 @@ TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
     EXPECT_EQ(
         lummms({"compose", "-o", path("m.mms"), "--to", "1", "--subject", "a"}, {"LUM_MMS_MAX_SIZE_KB=many"})
             .err,
-        "lummms: LUM_MMS_MAX_SIZE_KB: 'many' is no number of kilobytes\n");
+        "lummms: LUM_MMS_MAX_SIZE_KB: 'many' is not a number of kilobytes\n");
     ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // neither is a device replaced
     expectRefused({"compose", "-o", path("null"), "--force", "--to", "1", "--slide", "5", "text:a"}, "null");
     write("m.mms", "before");
     expectRefused({"compose", "-o", path("m.mms"), "--to", "1", "--attach", picture},
-                  "m.mms: is there already (--force");
+                  "m.mms: exists already (--force");
     EXPECT_EQ(lummms({"compose", "-o", path("m.mms"), "--force", "--to", "1", "--slide", "5",
                       "text:" + QString(2000, 'x')},
                      {"LUM_MMS_MAX_SIZE_KB=1"})
@@ -178,7 +178,7 @@ TEST_F(ComposeTest, EachKindCarriesItsFieldsAndNoOther) {
 
 TEST_F(ComposeTest, ASubjectAloneIsAMessageToo) {
     const Outcome made = lummms({"compose", "-o", path("m.mms"), "--to", "1", "--subject", "a"});
-    EXPECT_TRUE(made.status == 0 && made.err.contains("subject alone")) << made.err.constData();
+    EXPECT_TRUE(made.status == 0 && made.err.contains("subject only")) << made.err.constData();
     EXPECT_EQ(lummms({"show", "--json", path("m.mms")}).json()["header"].toObject()["subject"], "a");
 }
 

@@ -121,7 +121,7 @@ TEST_F(RenderTest, SlidesStandSideBySideWithTextsAndPlaceholders) {
 TEST_F(RenderTest, SlidesAreChosenAndThoseWithoutRoomAreCounted) {
     const QByteArray smil = LAYOUT + QByteArray("<par><audio src=\"s.mid\"/></par>").repeated(35) + END;
     const std::tuple<const char*, int, const char*> rows[] = {
-        {"1-35", 30, "5 further slides; --slides 31-35 draws them"}, {"31-99", 5, ""}, {"7", 1, ""}};
+        {"1-35", 30, "5 further slides: draw them with --slides 31-35"}, {"31-99", 5, ""}, {"7", 1, ""}};
     for (const auto& [range, drawn, words] : rows) {
         const Outcome outcome = render(smil, "s.png", {"--slides", range, "--scale", "1"});
         EXPECT_TRUE(outcome.status == 0 && outcome.err.contains(words)) << outcome.err.constData();

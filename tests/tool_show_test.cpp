@@ -115,7 +115,7 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
         {{"show", path("")}, "is a directory"},
         {{"show", path("\x1B[2J")}, "\\u001b[2J: no such file"},
         {{"smil", write("s.smil", SMIL), "--parts", path("missing")}, "missing: no such directory"},
-        {{"unpack", file, file}, "m.mms: cannot be made"},
+        {{"unpack", file, file}, "m.mms: the directory cannot be created"},
         {{"render", file, "-o", path("s.gif")}, "s.gif"},
         {{"render", file, "-o", path("s.png"), "--scale", "0"}, "'0'"},
         {{"render", file, "-o", path("no/s.png")}, "no/s.png: No such file"},

@@ -7,12 +7,12 @@
 
 class WireTree;
 
-/// One thing found on the wire: a field, a value, a part, or octets that nobody understands, with its place
-/// in the PDU and the items inside it.
+/// One item of a PDU: a field, a value, a part, or octets that are not understood, with its position and
+/// the items inside it.
 ///
-/// An item is a small value that points into the MMS_WIRE_Reader that found it, to be copied as you like. It
-/// is valid until that reader reads again or is deleted, and as long as the caller keeps the octets that were
-/// read: texts are taken from there when they are asked for.
+/// An item is a small value that points into its MMS_WIRE_Reader; copies are cheap. It is valid until that
+/// reader reads again or is deleted, and as long as the caller keeps the octets: texts are decoded from
+/// there on demand.
 ///
 /// The leaves below an item, in order, cover its octets exactly: walk them with
 /// `for (MMS_WIRE_Item inside : item)`.
@@ -28,7 +28,7 @@ public:
         OCTETS,  ///< octets that are not understood, or have no meaning here
         DATA,    ///< the data of a part or of a body that is no multipart
     };
-    /// How bad it is what is wrong with an item.
+    /// How bad the fault of an item is.
     enum SEVERITY : unsigned char {
         SOUND,   ///< nothing
         NOTE,    ///< off the rules, and read all the same
@@ -36,14 +36,14 @@ public:
     };
     class iterator;
 
-    /// The null item: no octets, nothing inside. Look-ups answer it for what is not there.
+    /// The null item: no octets, nothing inside. Look-ups return it for what is absent.
     MMS_WIRE_Item() = default;
     /// Whether this is the null item.
     bool isNull() const { return !tree_; }
 
-    /// Where the item begins in the PDU, counted from 0.
+    /// Position of the item in the PDU, counted from 0.
     qsizetype offset() const;
-    /// Its octets; 0 is possible, for what is missing.
+    /// Number of its octets; 0 for something that is missing.
     qsizetype length() const;
     /// The octets themselves, in the caller's PDU.
     QByteArrayView octets() const;
@@ -55,13 +55,13 @@ public:
     /// -1 for any other item, also for a header by name.
     int code() const;
 
-    /// What kind of value it is. An item with one value inside it (and else only lengths, charsets, tokens)
-    /// has the kind, number and text of that value.
+    /// The kind of value. An item with one value inside it (beside lengths, charsets and tokens) has the
+    /// kind, number and text of that value.
     KIND kind() const;
-    /// Whether number() means something.
+    /// Whether there is a number().
     bool hasNumber() const;
-    /// The number, of a moment or a span of time the seconds; of several inside the item the one without
-    /// words. The largest there is for one beyond 64 bits. 0 when there is none.
+    /// The number; of a time or duration its seconds, of several numbers the one without words. A number
+    /// beyond 64 bits gives the largest one. 0 when there is none.
     quint64 number() const;
     /// The text; for a number its words in full ("Error-transient-network-problem"), for a media type its
     /// name, for a moment ISO 8601 in UTC. Several values inside the item are joined by "; ", parameters
@@ -71,9 +71,9 @@ public:
     /// The text, or the digits of a number without words.
     QString valueText() const;
 
-    /// How bad it is what is wrong with this item itself, not with those inside it.
+    /// How bad the fault of this item is; faults of the items inside it do not count.
     SEVERITY severity() const;
-    /// What is wrong with this item itself; empty when it is sound.
+    /// The fault of this item itself; empty when it is sound.
     QString problem() const;
 
     /// Whether there are no items inside.
@@ -86,7 +86,7 @@ public:
     /// The word for a kind, as JSON has it: "group", "number", "text", "time", "seconds", "octets", "data".
     static const char* kindWord(KIND kind);
 
-    /// Whether two items are the same one of the same reader.
+    /// Whether both are the same item of the same reader.
     bool operator==(const MMS_WIRE_Item& other) const = default;
 
 private:
@@ -102,17 +102,17 @@ private:
     quint32 node_ = 0;
 };
 
-/// Goes through the items inside an item.
+/// Iterates over the items inside an item.
 class MMS_WIRE_Item::iterator {
 public:
-    /// The item it stands at.
+    /// The current item.
     MMS_WIRE_Item operator*() const { return item_; }
-    /// Goes on to the next.
+    /// Moves to the next item.
     iterator& operator++() {
         item_.node_ = item_.behind();
         return *this;
     }
-    /// Whether both stand at the same item.
+    /// Whether both are at the same item.
     bool operator==(const iterator& other) const = default;
 
 private:

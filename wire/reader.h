@@ -21,12 +21,12 @@ struct LUM_EXPORT MMS_WIRE_Mark {
     QString what;                     ///< a text without a full stop
 };
 
-/// Reads a message as it was sent: everything that is in the octets, as the sender meant it, and nothing
+/// Reads a message as it was sent: everything in the octets, as the sender meant it; nothing is
 /// lost.
 ///
-/// This is the other reading beside MMS_UA_Decoder and MMS_COMP_SMILMultipartParser, which read a message the
-/// way the phone does. It knows MMS 1.0 to 1.3 (MMS encapsulation protocol, OMA-TS-MMS-ENC), steps over what
-/// it does not know, and keeps every octet with its place: for gateways, archives and test benches.
+/// MMS_UA_Decoder and MMS_COMP_SMILMultipartParser, in contrast, read a message by the rules of the phone.
+/// The reader knows MMS 1.0 to 1.3 (MMS encapsulation protocol, OMA-TS-MMS-ENC), skips what it does not
+/// know, and keeps every octet with its position: for gateways, archives and test benches.
 ///
 /// \code
 ///     MMS_WIRE_Reader reader;
@@ -40,16 +40,16 @@ struct LUM_EXPORT MMS_WIRE_Mark {
 /// \endcode
 class LUM_EXPORT MMS_WIRE_Reader {
 public:
-    /// Has read an empty message.
+    /// A reader of an empty message.
     MMS_WIRE_Reader();
     MMS_WIRE_Reader(const MMS_WIRE_Reader&) = delete;
     MMS_WIRE_Reader& operator=(const MMS_WIRE_Reader&) = delete;
-    /// The items of this reader end with it.
+    /// Invalidates the items of this reader.
     ~MMS_WIRE_Reader();
 
-    /// Reads any octets whatever into a tree, in time and memory linear in their number; payloads are not
-    /// copied. The caller keeps the octets unchanged as long as items, parts or fill() are used. Items of
-    /// what was read before become invalid. Gives whether there is no problem; notes do not count.
+    /// Reads any octets into a tree, in time and memory linear in their number, without copying payloads.
+    /// The caller keeps the octets unchanged as long as items, parts or fill() are used. Items of an
+    /// earlier message become invalid. Returns whether there is no problem; notes do not count.
     bool read(QByteArrayView pdu);
 
     /// The whole PDU: inside it are the header fields in order and, behind Content-Type, the body.
@@ -63,7 +63,7 @@ public:
     /// The parts of the body in order; one for a body that is no multipart, none without a body.
     QList<MMS_WIRE_Part> parts() const;
 
-    /// Whether nothing in the tree is a problem, as read() gave it.
+    /// Whether the tree has no problem: the result of read().
     bool isSound() const;
     /// Everything that is wrong, in the order of the octets.
     QList<MMS_WIRE_Mark> marks() const;
@@ -75,10 +75,10 @@ public:
     /// and Content-Type, if it is there, last.
     bool isFieldOrderCorrect() const;
 
-    /// Fills a new record with what the sender meant, through its setters where there are any: single fields
-    /// from their first occurrence, all addresses, the Date as the moment sent, an expiry as seconds from
-    /// now, a delivery time as a moment. Gives, in order, the fields that the record has no place for:
-    /// unknown to it, there before, too large, or not in the form of their field.
+    /// Fills a new record with what the sender meant, by its setters where there are any: single fields
+    /// from their first occurrence, all addresses, the Date as it was sent, an expiry as seconds from now,
+    /// a delivery time as date and time. Returns, in order, the fields that the record cannot hold: unknown
+    /// to it, repeated, too large, or not in the form of their field.
     QList<MMS_WIRE_Item> fill(MMS_UA_UAMsg* header) const;
     /// Fills a new container with the parts, as MMS_COMP_SMILMultipartParser::parse() would: payloads with
     /// transfer encodings undone and texts in UTF-8, nested multiparts as sub-bodies, a name for each part

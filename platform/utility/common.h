@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/// What the phone's messaging programs share: the temporary directory and the WSP media numbers.
+/// The temporary directory and the WSP numbers of media types.
 class LUM_EXPORT MMS_UTIL_Common {
 public:
     /// The system's temporary directory, with a closing "/": what TMPDIR names, or "/tmp/" where that is
@@ -15,7 +15,7 @@ public:
     /// compared in lower case; 0x7F for a type that has none.
     static unsigned char mimeTypeGetValue(const QString& type, const QString& subType);
 
-    /// The names behind a well-known number, in lower case; "application" and "octet-stream" for a
-    /// number without one.
+    /// The media type of a well-known number, in lower case; "application" and "octet-stream" for an
+    /// unassigned number.
     static void mimeTypeGetName(unsigned char code, QString& type, QString& subType);
 };

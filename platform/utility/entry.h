@@ -4,14 +4,14 @@
 
 #include <QString>
 
-/// One address of a message: who it is from or goes to.
+/// One address of a message: its sender or a recipient.
 class LUM_EXPORT MMS_UTIL_Entry {
 public:
-    /// What an address is. Other numbers are kept as given; they mark an address that cannot be sent.
+    /// Kinds of address. Other numbers are stored unchanged; they mark an address that cannot be sent.
     enum TYPE {
         EMAIL = 0,       ///< an e-mail address
         PLMN = 1,        ///< a phone number
-        PLACEHOLDER = 2, ///< stands for the sender of a received message that names none
+        PLACEHOLDER = 2, ///< the sender of a received message that has no sender's address
     };
 
     /// An empty phone number without a name.
@@ -28,9 +28,9 @@ public:
     int getType() const { return type_; }
     /// Sets the type, which may be any number.
     void setType(int type) { type_ = type; }
-    /// The address proper: digits, or the e-mail address without angle brackets.
+    /// The address: digits, or an e-mail address without angle brackets.
     QString getAddress() const { return address_; }
-    /// Sets the address proper.
+    /// Sets the address.
     void setAddress(const QString& address) { address_ = address; }
 
     /// True when there is no address; a name alone does not count.

@@ -14,10 +14,10 @@ struct LUM_EXPORT MMS_CONTENT_TYPE_T {
     QString parameters; ///< items name=value joined by ";" without blanks
 };
 
-/// The part of a message header that all messaging programs of the phone share: who, what, when.
+/// The fields of a message header that all messaging programs of the phone share.
 ///
-/// It only stores; which of its fields are set is known to derived classes, which override the
-/// setters. Lists given to the setters stay the caller's, entries included: copies are kept.
+/// This class only stores values; derived classes override the setters to know which fields are set.
+/// Setters store copies of lists and their entries; the originals stay with the caller.
 class LUM_EXPORT MMS_UTIL_MsgHeaderBase {
 public:
     MMS_UTIL_MsgHeaderBase();
@@ -27,11 +27,11 @@ public:
 
     /// Sets the sender.
     virtual void setFrom(MMS_UTIL_Entry from);
-    /// Replaces the recipients by copies of these.
+    /// Replaces the recipients (To) by copies of these.
     virtual void setTo(QPtrList<MMS_UTIL_Entry> to);
-    /// Replaces the recipients of copies likewise.
+    /// Replaces the recipients of copies (Cc) likewise.
     virtual void setCc(QPtrList<MMS_UTIL_Entry> cc);
-    /// Replaces the hidden recipients likewise.
+    /// Replaces the hidden recipients (Bcc) likewise.
     virtual void setBcc(QPtrList<MMS_UTIL_Entry> bcc);
 
     /// Replaces the whole word of FLAG bits.
@@ -62,21 +62,21 @@ public:
 
     /// Sets the subject.
     virtual void setSubject(QString subject);
-    /// Sets the Date. What counts is the clock reading, taken as local time, whatever the time's zone.
+    /// Sets the Date: date and time of day, read as local time whatever the time zone of `time`.
     virtual void setSendTime(QDateTime time);
-    /// Sets the earliest time of delivery, a clock reading likewise.
+    /// Sets the earliest time of delivery, read as local time likewise.
     virtual void setDeliveryTime(QDateTime time);
     /// Seconds, counted from now, after which the message may be dropped.
     virtual void setExpireTime(unsigned int seconds);
-    /// Sets the Message-ID, which the network gives.
+    /// Sets the Message-ID, which the network assigns.
     virtual void setMsgID(QString id);
     /// Sets the content type of the body.
     virtual void setContentType(MMS_CONTENT_TYPE_T contentType);
     /// The Priority octet as on the wire (128 Low, 129 Normal, 130 High).
     virtual void setPriority(unsigned char priority);
-    /// Sets the Sender-Visibility flag, which Hide sets when read and which is written as Show.
+    /// Sets the Sender-Visibility flag: a received Hide sets it, and a set flag is sent as Show.
     virtual void setSenderVisibility(bool on);
-    /// Asks for a report of the delivery.
+    /// Asks for a delivery report.
     virtual void setDeliveryReportNecessity(bool on);
     /// Asks for a reply when the message is read.
     virtual void setReadReplyNecessity(bool on);
@@ -87,7 +87,7 @@ public:
 
     /// The sender.
     MMS_UTIL_Entry getFrom() const { return from_; }
-    /// The recipients. The lists own their entries and stay the header's.
+    /// The recipients. The header owns the list and its entries.
     const QPtrList<MMS_UTIL_Entry>& getTo() const { return to_; }
     /// The recipients of copies likewise.
     const QPtrList<MMS_UTIL_Entry>& getCc() const { return cc_; }
@@ -109,13 +109,13 @@ public:
     unsigned int getExpireTime() const { return expireTime_; }
     /// The Sender-Visibility flag, as setSenderVisibility() has it.
     bool getSenderVisibility() const { return senderVisibility_; }
-    /// Whether a report of the delivery is asked for.
+    /// Whether a delivery report is asked for.
     bool getDeliveryReportNecessity() const { return deliveryReport_; }
     /// Whether a reply is asked for when the message is read.
     bool getReadReplyNecessity() const { return readReply_; }
     /// The Message-Size in octets.
     int getMsgSize() const { return msgSize_; }
-    /// Sets the Message-Size in octets. No derived class marks it.
+    /// Sets the Message-Size in octets. Not virtual: call MMS_UA_UAMsg::markPresent() as well.
     void setMsgSize(int octets) { msgSize_ = octets; }
     /// The FLAG bits.
     unsigned int getFlags() const { return flags_; }

@@ -27,11 +27,11 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int {
 
 /// One media element of a slide: attributes, `param` children and a link to the body part with its content.
 ///
-/// The object owns its params. Its body part belongs to the container and may be shared by several
-/// objects, which the part's reference count tells; the object only points at it, and its data becomes
-/// null when the part is deleted. The object never deletes a part when it goes away itself. A part that
-/// readFromStream() makes, or setData() without a container, belongs to the caller until it is appended to
-/// a container: getData() gives it, clear() of an object without a container deletes it.
+/// The object owns its params. Its body part belongs to the container and may be shown by several objects,
+/// which the part counts. The object only points to the part: its data become null when the part is
+/// deleted, and deleting the object never deletes the part. A part that readFromStream() creates, or
+/// setData() without a container, belongs to the caller until it is appended to a container: getData()
+/// returns it, clear() of an object without a container deletes it.
 ///
 /// The container is never owned: it must outlive the object or be replaced with setMultiPart().
 class LUM_EXPORT MMS_COMP_SMILMediaObject {
@@ -115,9 +115,9 @@ public:
     /// or no element: then times and params are not read.
     int setObjectElem(QDomElement* element, MMS_COMP_SMILMultipart* multipart);
     /// Gives the object content: a body part with these octets, made if the object has none and then
-    /// appended to `multipart`, which also becomes the object's container. Without a container the
-    /// part it makes is the caller's. A part that other objects share changes for all of them. False when
-    /// no part can be made.
+    /// appended to `multipart`, which also becomes the object's container. Without a container the caller
+    /// owns the new part. A part that other objects show changes for all of them. False when there is no
+    /// memory for a part.
     bool setData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
                  const QString& subType, const QArray<char>& bytes, MMS_COMP_SMILMultipart* multipart);
     /// Copies this object into `target`, whose content is the presentation part or linked part of
@@ -125,8 +125,8 @@ public:
     /// object ends, and keeps the end that it has. False, with the target partly filled, if there is none;
     /// false too when an argument is null or the target is this object.
     bool copyTo(MMS_COMP_SMILMediaObject* target, MMS_COMP_SMILMultipart* multipart) const;
-    /// Lets go of the body part. The container drops one reference to the part of that Content-Location,
-    /// deleting it with the last; without a container the part itself is deleted, wherever it is.
+    /// Releases the body part: the container drops one reference to the part of that Content-Location, and
+    /// deletes it with the last one. Without a container the part is deleted, whoever owns it.
     void clear();
 
     /// Number of params.
@@ -148,10 +148,10 @@ public:
     /// The value of the first param of that name, or "".
     QString getParamValueByName(const QString& name) const;
 
-    /// Reads the record that writeToStream() writes. The body part that the object pointed at is
-    /// deleted, wherever it was; one that the record brings is the caller's. Params are added to
-    /// those there. False when something could not be made, or the part's record is nested too deep. A
-    /// record that ends early gives what was there, and the stream's status tells.
+    /// Reads the record that writeToStream() writes. The object's former body part is deleted, whoever owns
+    /// it; the caller owns the new one. Params are added to the existing ones. False without memory, or when
+    /// the part's record is nested too deep. A record that is cut off is read as far as it goes; the
+    /// stream's status tells.
     bool readFromStream(QDataStream& stream);
     /// Always true.
     bool writeToStream(QDataStream& stream) const;

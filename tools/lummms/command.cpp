@@ -8,7 +8,7 @@ QCommandLineOption outputOption(const QString& description) {
 }
 
 QCommandLineOption forceOption() {
-    return QCommandLineOption("force", "Replaces a file that is there already.");
+    return QCommandLineOption("force", "Replaces an existing file.");
 }
 
 bool writeOutput(const CommandLine& line, const QByteArray& octets) {
@@ -22,7 +22,7 @@ bool writeOutput(const CommandLine& line, const QByteArray& octets) {
 }
 
 int misused(const QString& command, const QString& cause) {
-    complain(command, QStringLiteral("%1 (lummms %2 --help tells more)").arg(cause, command));
+    complain(command, QStringLiteral("%1 (see lummms %2 --help)").arg(cause, command));
     return EXIT_UNUSABLE;
 }
 

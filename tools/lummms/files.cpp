@@ -92,7 +92,7 @@ bool saveFile(const QString& path, const QByteArray& octets, IfThere ifThere, QS
     if (there.exists() && !there.isFile())
         cause = QStringLiteral("is not an ordinary file");
     else if (there.exists() && ifThere == IfThere::REFUSE)
-        cause = QStringLiteral("is there already (--force replaces it)");
+        cause = QStringLiteral("exists already (--force replaces it)");
     else if (!file.open(QIODevice::WriteOnly) || file.write(octets) != octets.size() || !file.commit())
         cause = file.errorString();
     else

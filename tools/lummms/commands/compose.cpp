@@ -60,7 +60,7 @@ bool composeMessage(const CommandLine& line) {
     const QString word = line.options.value("kind");
     const MessageKind* kind = findKind(word);
     if (path.isEmpty())
-        return refuse("-o", QStringLiteral("the file to write is missing"));
+        return refuse("-o", QStringLiteral("no output file given"));
     if (!kind)
         return refuse("--kind", QStringLiteral("'%1' is none of %2").arg(word, kindWords()));
     const bool hasBody = carries(*kind, FIELD_CONTENT_TYPE);
@@ -70,7 +70,7 @@ bool composeMessage(const CommandLine& line) {
         return false;
     tellChanges(draft);
     if (hasBody && draft.isEmpty())
-        complain(path, QStringLiteral("the message is its subject alone"));
+        complain(path, QStringLiteral("the message has a subject only"));
     return true;
 }
 
@@ -82,12 +82,12 @@ QList<QCommandLineOption> allOptions() {
     const QList<QCommandLineOption> first{
         outputOption("The file to write."),
         forceOption(),
-        {"kind", "The kind of message; send-req if not given.", "KIND", "send-req"},
+        {"kind", "The kind of message; the default is send-req.", "KIND", "send-req"},
     };
     const QList<QCommandLineOption> last{
-        {"slide", "One slide; may be given again.", "DURATION ITEM ..."},
-        {"attach", "A file beside the slides; may be given again.", "FILE"},
-        {"keep-pictures", "Refuses a message that is too large, and makes no picture smaller."},
+        {"slide", "A slide; may be given again.", "DURATION ITEM ..."},
+        {"attach", "A file that no slide shows; may be given again.", "FILE"},
+        {"keep-pictures", "Makes no picture smaller: a message that is too large is refused."},
     };
     return first + headerOptions() + last;
 }
@@ -97,24 +97,20 @@ QList<QCommandLineOption> allOptions() {
 Command composeCommand() {
     return {
         "compose",
-        "Makes a message, usually one to send (m-send-req), out of texts and files.",
+        "Makes a message from texts and files, by default one to send (m-send-req).",
         {"-o FILE --to ADDRESS [OPTION ...] [--slide DURATION ITEM ...] ...",
          "-o FILE --kind KIND [OPTION ...]"},
         QStringLiteral("KIND is one of %1.\n").arg(kindWords()) +
-            "A field that it does not have is refused, one that it must have is asked for; only send-req "
-            "and\n"
-            "retrieve-conf have slides and attachments.\n"
-            "An ADDRESS with \"@\" is an e-mail address, any other a phone number. A MOMENT is given in\n"
-            "ISO 8601, in local time unless it names a zone; a TIME is a number of seconds from now or a\n"
-            "MOMENT. CLASS, PRIORITY and STATUS may be numbers from 128 to 255, too.\n"
+            "Fields that the kind does not have are refused, and fields that it must have are required.\n"
+            "Only send-req and retrieve-conf have slides and attachments.\n"
+            "An ADDRESS with \"@\" is an e-mail address, any other a phone number. A MOMENT is in ISO 8601,\n"
+            "without a zone in local time; a TIME is a number of seconds from now or a MOMENT. CLASS,\n"
+            "PRIORITY and STATUS may also be numbers from 128 to 255.\n"
             "A slide is shown for DURATION (5 or 5s, 800ms, 1min, indefinite) and holds at most one\n"
-            "text, one picture or video and one sound. An ITEM is a file, whose kind is found out by\n"
-            "its name and content, or a text given as text:WORDS.\n"
-            "If the message is larger than what networks let through (300 KB, or as many as the environment\n"
-            "variable LUM_MMS_MAX_SIZE_KB says), its pictures are made smaller: upright, 640 x 480 pixels "
-            "or\n"
-            "less, as JPEG, the largest ones first. Moving pictures stay as they are. A message that is too\n"
-            "large all the same is refused, and nothing is written.\n",
+            "text, one picture or video and one sound. An ITEM is a file, or text:WORDS.\n"
+            "If the message is larger than 300 KB (or than the environment variable LUM_MMS_MAX_SIZE_KB),\n"
+            "its pictures are made smaller, the largest first: turned upright, at most 640 x 480 pixels,\n"
+            "as JPEG. Animations stay as they are. A message that is still too large is refused.\n",
         allOptions(),
         {},
         "slide",

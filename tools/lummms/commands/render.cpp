@@ -61,7 +61,7 @@ bool readOptions(const QCommandLineParser& options, Wanted& wanted) {
     wanted.isPage = kind == u"html";
     if (!wanted.isPage && kind != u"png") {
         complain("-o", output.isEmpty()
-                           ? QStringLiteral("the file to write is missing")
+                           ? QStringLiteral("no output file given")
                            : QStringLiteral("'%1' ends neither in .png nor in .html").arg(output));
         return false;
     }
@@ -69,13 +69,13 @@ bool readOptions(const QCommandLineParser& options, Wanted& wanted) {
     if (options.isSet("scale"))
         wanted.scale = options.value("scale").toInt(&isNumber);
     if (!isNumber || wanted.scale < 1 || wanted.scale > LARGEST_SCALE) {
-        complain(
-            "--scale",
-            QStringLiteral("'%1' is no number from 1 to %2").arg(options.value("scale")).arg(LARGEST_SCALE));
+        complain("--scale", QStringLiteral("'%1' is not a number from 1 to %2")
+                                .arg(options.value("scale"))
+                                .arg(LARGEST_SCALE));
         return false;
     }
     if (options.isSet("slides") && !readRange(options.value("slides"), wanted.range)) {
-        complain("--slides", QStringLiteral("'%1' is neither a number from 1 on nor two, as in 31-60")
+        complain("--slides", QStringLiteral("'%1' is neither a number from 1 on nor a range such as 31-60")
                                  .arg(options.value("slides")));
         return false;
     }
@@ -133,16 +133,16 @@ Command renderCommand() {
         "Draws the slides of a message, in a picture or on a page.",
         {"FILE -o SLIDES.png [--slides FROM-TO] [--scale NUMBER] [--phone]",
          "FILE -o SLIDES.html [--slides FROM-TO] [--phone]"},
-        "A .png has the slides side by side, at most 30, as the sender laid them out; below each stand its\n"
-        "duration, its sounds, and what else goes with it. A .html is one page that needs nothing else: the\n"
-        "header, the slides, which it plays, and all parts, which can be saved from it. Arrow keys and\n"
-        "buttons step through the slides, the space bar stops and goes on.\n"
-        "A message without a presentation is shown part by part.\n",
+        "A .png shows at most 30 slides side by side in the sender's layout, each with its duration, its\n"
+        "sounds and its other parts below. A .html is a single page that loads nothing else: header, slides\n"
+        "to play, and all parts to save. Arrow keys and buttons change the slide, the space bar pauses and\n"
+        "plays. A message without a presentation is shown part by part.\n",
         {
-            outputOption("The file to write; its ending tells the kind, and \"-\" is a picture."),
+            outputOption("The file to write: .png, .html, or \"-\" for a picture on standard output."),
             forceOption(),
             {"slides", "Only these slides, such as 31-60.", "FROM-TO"},
-            {"scale", "Pixels of the picture for a pixel of the layout, 1 to 4 (usually 2).", "NUMBER"},
+            {"scale", "Pixels of the picture for each pixel of the layout, 1 to 4; the default is 2.",
+             "NUMBER"},
             phoneOption(),
         },
         {"FILE"},

@@ -83,9 +83,9 @@ Command smilCommand() {
         QStringLiteral("Reads a SMIL text, normalises its layout and prints it as the library writes it."),
         {QStringLiteral("FILE [--parts DIR]")},
         QStringLiteral(
-            "A media element is kept only if its content is there: the files of DIR are the parts of\n"
-            "the message, each with its file name as Content-Location. What was passed over is told\n"
-            "on standard error as a warning, which does not change the exit status.\n"),
+            "Media elements without content are left out. The content is the files in DIR, each with\n"
+            "its file name as Content-Location. What was left out is reported on standard error; it\n"
+            "does not change the exit status.\n"),
         {{QStringLiteral("parts"), QStringLiteral("The directory with the media files."),
           QStringLiteral("DIR")}},
         {QStringLiteral("FILE")},

@@ -76,9 +76,9 @@ int Unpacker::unpack() {
     if (!lists_ && !writesOne_ && directory_.isEmpty())
         return misused("unpack", QStringLiteral("DIR is missing"));
     if (writesOne_ && (line_.options.values("part").size() != 1 || files_.size() != 1))
-        return misused("unpack", QStringLiteral("-o takes one FILE and one --part"));
+        return misused("unpack", QStringLiteral("-o needs one FILE and one --part"));
     if (!directory_.isEmpty() && !QDir().mkpath(directory_)) {
-        complain(directory_, QStringLiteral("cannot be made a directory"));
+        complain(directory_, QStringLiteral("the directory cannot be created"));
         return EXIT_UNUSABLE;
     }
     return worstOf(files_, [this](const QString& path) { return unpackOne(path); });
@@ -93,7 +93,7 @@ bool Unpacker::choose(const QString& path, QList<NumberedPart>& parts) const {
     for (const QString& name : wanted) {
         const auto isWanted = [&name](const NumberedPart& part) { return isMeant(part, name); };
         if (std::none_of(parts.cbegin(), parts.cend(), isWanted)) {
-            complain(path, QStringLiteral("has no part '%1' (--list tells which there are)").arg(name));
+            complain(path, QStringLiteral("has no part '%1' (see --list)").arg(name));
             areThere = false;
         }
     }
@@ -133,7 +133,7 @@ bool Unpacker::writeAll(const QString& path, const QList<NumberedPart>& parts) {
         directory = there.filePath();
     }
     if (!QDir().mkpath(directory)) {
-        complain(directory, QStringLiteral("cannot be made a directory"));
+        complain(directory, QStringLiteral("the directory cannot be created"));
         return false;
     }
     PartFiles files(directory, line_.options.isSet("force"));
@@ -176,17 +176,18 @@ Command unpackCommand() {
         "Writes the parts of messages into a directory.",
         {"[--phone] [--force] [--part N|NAME] FILE DIR", "[--phone] [--force] [--part N|NAME] FILE... DIR",
          "[--phone] [--force] --part N|NAME -o OUTPUT FILE", "[--phone] --list FILE..."},
-        "Every part becomes a new file in DIR, which is made if need be, under the file name of its\n"
-        "Content-Location, parts within parts too; of many messages each gets a folder in DIR, under\n"
-        "the name of its file. A name that is taken gets a number (photo_0.jpg); no file that was\n"
-        "there is overwritten without --force. Prints a line for each file. A part that cannot be\n"
-        "written is told, and the others are written.\n",
+        "Writes each part, parts within parts too, into DIR under the file name of its\n"
+        "Content-Location. DIR is created if needed; with several messages each gets a subdirectory\n"
+        "named after its file. A name that exists already gets a number (photo_0.jpg); with --force\n"
+        "the file is replaced. Prints a line for each file. A part that cannot be written is\n"
+        "reported, and the others are written.\n",
         {
-            {"list", "Prints number, type, size and name of each part, and writes nothing."},
+            {"list", "Only prints number, type, size and name of each part."},
             {"part",
-             "Only the part of that number or name (Content-Location or Content-ID); may be given again.",
+             "Writes only the part of that number or name (Content-Location or Content-ID); may be given "
+             "again.",
              "N|NAME"},
-            outputOption("The file to write one part to."),
+            outputOption("The file for a single part."),
             forceOption(),
             phoneOption(),
         },

@@ -115,7 +115,7 @@ bool Body::encode(MMS_UA_UAMsg& header, QArray<char>& octets, QString& cause) {
     }
     int status = 0;
     if (!isWhole_)
-        cause = QStringLiteral("there is no memory for it");
+        cause = QStringLiteral("not enough memory");
     else if (parts_.getPartCount() > MAX_PARTS)
         cause = QStringLiteral("%1 are more than the %2 that a message can have")
                     .arg(counted(parts_.getPartCount(), "part"))

@@ -67,10 +67,10 @@ bool DraftReader::readDuration(const QString& text, int& duration) {
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         return refuseSlide(
-            QStringLiteral("'%1' is no duration such as 5, 2.5s, 800ms, 1min or indefinite").arg(text));
+            QStringLiteral("'%1' is not a duration such as 5, 2.5s, 800ms, 1min or indefinite").arg(text));
     const bool isBare = match.hasCaptured(1) && !match.hasCaptured(3);
     duration = MMS_COMP_SMILParser::parseDur(isBare ? text + u's' : text);
-    return duration != 0 || refuseSlide(QStringLiteral("nobody sees what is shown for '%1'").arg(text));
+    return duration != 0 || refuseSlide(QStringLiteral("the duration is 0: '%1'").arg(text));
 }
 
 bool DraftReader::readFile(const QString& path, Item& item) {
@@ -135,7 +135,7 @@ bool DraftReader::checkRoom(const QList<Item>& items) {
         const auto kind = item.kind();
         const int place = kind == MMS_COMP_SMIL_MEDIA_TEXT ? 2 : kind == MMS_COMP_SMIL_MEDIA_AUDIO ? 0 : 1;
         if (!kept[place].isNull())
-            return refuseSlide(QStringLiteral("there is room for %1, not for '%2' and '%3'")
+            return refuseSlide(QStringLiteral("a slide has at most %1, not both '%2' and '%3'")
                                    .arg(QLatin1String(places[place]), kept[place], item.name));
         kept[place] = item.name;
     }
@@ -186,7 +186,7 @@ bool readSizeLimit(qint64& octets) {
     const QString text = qEnvironmentVariable("LUM_MMS_MAX_SIZE_KB");
     octets = qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024;
     return text.isEmpty() || number.match(text).hasMatch() ||
-           refuse(variable, QStringLiteral("'%1' is no number of kilobytes").arg(text));
+           refuse(variable, QStringLiteral("'%1' is not a number of kilobytes").arg(text));
 }
 
 void complainOfSize(const QString& subject, qint64 octets, qint64 limit, const QString& cause) {

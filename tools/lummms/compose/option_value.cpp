@@ -94,7 +94,7 @@ unsigned char OptionValue::version() {
 int OptionValue::size() {
     const int value = number();
     if (value < 1)
-        refuse(QStringLiteral("is no number from 1 to %1").arg(std::numeric_limits<int>::max()));
+        refuse(QStringLiteral("is not a number from 1 to %1").arg(std::numeric_limits<int>::max()));
     return value;
 }
 

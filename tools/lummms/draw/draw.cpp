@@ -8,7 +8,7 @@ SlideRange slidesWithin(SlideRange range, int slides, int room, QStringList& not
     const int last = std::min(range.to, slides);
     const int drawn = std::min(last, range.from + room - 1);
     if (last > drawn)
-        notes += QStringLiteral("there was no room for %1; --slides %2-%3 draws them")
+        notes += QStringLiteral("no room for %1: draw them with --slides %2-%3")
                      .arg(counted(last - drawn, "further slide"))
                      .arg(drawn + 1)
                      .arg(std::min(last, drawn + room));

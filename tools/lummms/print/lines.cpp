@@ -96,7 +96,7 @@ QByteArray answerToLine(const QByteArray& line, qint64 number, READING reading, 
     if (!decoded)
         return answer(origin, {}, QStringLiteral("the message is not in base64"));
     if (decoded.decoded.isEmpty())
-        return answer(origin, {}, QStringLiteral("no message on the line"));
+        return answer(origin, {}, QStringLiteral("the line has no message"));
     Message message(reading);
     message.read(decoded.decoded);
     return answerOf(origin, message, status);
