@@ -165,7 +165,7 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         {FRONT + DATE + octets("84 A3 01") +
              entry(octets("83"), octets("8E") + named + octets("C8") + zeroed("base64"), "SGk="),
          0, "phone    octet 17: the phone reads the data of part 1 otherwise: it does not undo base64\n"},
-        {"", 1, "error    is empty, which is no message\n"},
+        {"", 1, "error    the file is empty\n"},
     };
     for (const auto& [octets, status, found] : rows) {
         const QString file = write("m.mms", octets);

@@ -23,15 +23,14 @@ QString overview(const QList<Command>& commands) {
     for (const Command& command : commands)
         text += QStringLiteral("  %1  %2\n").arg(command.name.leftJustified(8), command.summary);
     return text +
-           QStringLiteral("  help      Shows this text, or with a command's name the help of that "
-                          "command.\n\n"
-                          "lummms COMMAND --help tells all about a command, lummms --version the "
+           QStringLiteral("  help      Shows this text, or the help of a command.\n\n"
+                          "lummms COMMAND --help shows all options of a command, lummms --version the "
                           "version.\n"
-                          "A FILE \"-\" is standard input where it is read and standard output where it "
-                          "is written; a\npipe is read to its end, 64 MiB at most.\n\n"
-                          "Exit status: 0 done; 1 the input is malformed, what could be read was still "
-                          "used;\n2 wrong usage, a file that cannot be read or written, or a message "
-                          "too large or without anything to draw.\n");
+                          "A FILE \"-\" is standard input or standard output. Pipes are read to their "
+                          "end, up to 64 MiB.\n\n"
+                          "Exit status: 0 done; 1 the input is malformed, what could be read was "
+                          "used;\n2 wrong usage, a file that cannot be read or written, a message that "
+                          "is too large or has nothing to draw.\n");
 }
 
 /// An option as it is typed: "-o, --output FILE".
@@ -138,7 +137,7 @@ int run(const Command& command, QStringList arguments) {
 int runNamed(QStringList arguments) {
     const QList<Command> commands = allCommands();
     if (arguments.isEmpty()) {
-        complain(QString(), QStringLiteral("no command given (lummms help tells more)"));
+        complain(QString(), QStringLiteral("no command given (see lummms help)"));
         return EXIT_UNUSABLE;
     }
     QString name = arguments.takeFirst();
@@ -159,7 +158,7 @@ int runNamed(QStringList arguments) {
     for (const Command& command : commands)
         if (command.name == name)
             return run(command, arguments);
-    complain(name, QStringLiteral("no such command (lummms help tells more)"));
+    complain(name, QStringLiteral("no such command (see lummms help)"));
     return EXIT_UNUSABLE;
 }
 

@@ -151,7 +151,7 @@ QList<Problem> problemsOfHeader(const QArray<char>& octets, int result) {
 QList<Problem> Message::problems() const {
     QList<Problem> problems;
     if (octets_.isEmpty())
-        problems += {-1, SEVERITY_PROBLEM, QStringLiteral("is empty, which is no message")};
+        problems += {-1, SEVERITY_PROBLEM, QStringLiteral("the file is empty")};
     for (const MMS_WIRE_Mark& mark : wire_.marks())
         problems += problemOf(mark);
     if (result != CODEC_READ)

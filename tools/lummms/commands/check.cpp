@@ -38,17 +38,17 @@ int check(const CommandLine& line) {
 Command checkCommand() {
     return {
         "check",
-        "Says what will go wrong with a message.",
+        "Reports what will go wrong with a message.",
         {"[--json] FILE..."},
-        "A line for each finding: how bad it is, the octet where there is one, and a sentence.\n"
+        "Prints a line for each finding: severity, offset if there is one, and a sentence.\n"
         "  error    malformed, or something is lost: a field that must be there, the part of a reference,\n"
         "           a presentation that cannot be read, more octets than the limit\n"
-        "  warning  off the rules: what is read all the same, fields out of order, a part that nothing "
-        "refers\n"
-        "           to, two parts of one name, a region outside the screen\n"
-        "  phone    what the phone loses or reads otherwise than it was sent, and why; not the Date, which\n"
-        "           it always replaces by the moment of reading, names of charsets, and the layout\n"
-        "Nothing is printed for a message without findings. Exit status 1 with errors or warnings.\n",
+        "  warning  a deviation that is read all the same, fields out of order, a part without a reference,\n"
+        "           two parts of one name, a region outside the screen\n"
+        "  phone    what the phone loses or reads differently, and why; except the Date, which it replaces "
+        "by\n"
+        "           the time of reading, names of charsets, and the layout\n"
+        "A message without findings prints nothing. Exit status 1 with errors or warnings.\n",
         {{"json", "Prints the findings as JSON, for a program."}},
         {"FILE..."},
         {},

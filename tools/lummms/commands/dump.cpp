@@ -25,12 +25,12 @@ int dump(const CommandLine& line) {
 Command dumpCommand() {
     return {
         "dump",
-        "Prints every item of a message with its place.",
+        "Prints every item of a message with its position.",
         {"[--json] FILE"},
-        "A line for each header field, length, parameter and payload, in the order of the octets, with what\n"
-        "is inside a field or a part indented below it: offset, the first sixteen octets, name and value;\n"
-        "in brackets what is wrong. The message is read as it was sent, and nothing is left out: what is\n"
-        "not understood is an item, too.\n",
+        "Prints a line for each header field, length, parameter and payload, in the order of the octets:\n"
+        "offset, the first sixteen octets, name and value, and in brackets what is wrong. Items inside a\n"
+        "field or a part are indented. Every octet of the message belongs to an item, also octets that\n"
+        "are not understood.\n",
         {{"json", "Prints all of it as JSON, for a program."}},
         {"FILE"},
         {},

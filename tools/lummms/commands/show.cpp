@@ -157,16 +157,15 @@ Command showCommand() {
         QStringLiteral("Shows a message: header, parts and slides."),
         {QStringLiteral("[--json] [--phone] FILE..."), QStringLiteral("--json --lines [--phone] [FILE...]")},
         QStringLiteral(
-            "FILE is an MMS PDU as it comes over the air. It is read as it was sent: every field, text\n"
-            "and part as the sender meant it, the layout as the sender wrote it. That is right for what\n"
-            "gateways, archives and test benches ask. With --phone it is read by the rules of the phone,\n"
-            "as the library's decoders do: right for what its user will see. That reading loses fields\n"
-            "that it does not know and their neighbours, and its Date is the moment of reading.\n"
-            "Of a malformed message everything is shown that could be read.\n"
-            "With --lines each FILE gives one JSON object on one line, with \"file\". Without FILE each\n"
-            "line of standard input is a message in base64, if wanted with a key and a tab before it,\n"
-            "and is answered at once by one line with \"key\", or else \"line\", its number. What is wrong\n"
-            "with a message stands in \"error\"; a bad line never ends the work.\n"),
+            "FILE is a binary MMS message. It is read as it was sent: fields, texts, parts and layout as\n"
+            "the sender meant them. Use this for gateways, archives and test benches. With --phone it is\n"
+            "read by the rules of the phone, as the library's decoders do: use this to know what the\n"
+            "phone shows. The phone loses unknown fields and their neighbours, and its Date is the time\n"
+            "of reading. Of a malformed message everything that could be read is shown.\n"
+            "With --lines each FILE gives one line of JSON, with \"file\". Without FILE each line of\n"
+            "standard input is a message in base64, optionally after a key and a tab, and gives one line\n"
+            "at once, with \"key\" or, without a key, \"line\", its number. A malformed message or a line\n"
+            "without a message gives \"error\"; the filter goes on.\n"),
         {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")},
          {QStringLiteral("lines"),
           QStringLiteral("With --json: one line a message; without FILE a filter for lines of base64.")},
