@@ -49,7 +49,7 @@ TEST_F(ShowTest, TellsWhatIsWrongAndShowsTheRest) {
         {"presentation not well-formed", message().replace("<body>", "\n<bod>"), 0, 3, 3,
          "presentation: not well-formed XML (status -8), line 2, column ",
          "presentation: not well-formed XML (status -8), line 2, column "},
-        {"nothing", "", 0, 0, 0, "the file is empty", "is empty, which is no message"},
+        {"nothing", "", 0, 0, 0, "the file is empty", "the file is empty"},
     };
     for (const auto& [name, octets, result, parts, sentParts, cause, sentCause] : rows) {
         const QString file = write("m.mms", octets);
