@@ -1,30 +1,12 @@
 #include "tools/lummms/words.h"
 
+#include "wire/fields.h"
+
 #include <QStringList>
 
 #include <algorithm>
 
 namespace {
-
-constexpr Word MESSAGE_CLASSES[] = {
-    {128, "Personal"}, {129, "Advertisement"}, {130, "Informational"}, {131, "Auto"}};
-
-constexpr Word PRIORITIES[] = {{128, "Low"}, {129, "Normal"}, {130, "High"}};
-
-constexpr Word STATUSES[] = {
-    {128, "Expired"}, {129, "Retrieved"}, {130, "Rejected"}, {131, "Deferred"}, {132, "Unrecognised"}};
-
-constexpr Word RESPONSE_STATUSES[] = {
-    {128, "Ok"},
-    {129, "Error-unspecified"},
-    {130, "Error-service-denied"},
-    {131, "Error-message-format-corrupt"},
-    {132, "Error-sending-address-unresolved"},
-    {133, "Error-message-not-found"},
-    {134, "Error-network-problem"},
-    {135, "Error-content-not-accepted"},
-    {136, "Error-unsupported-message"},
-};
 
 constexpr Word CODEC_RESULTS[] = {
     {9, "malformed, cut short, or with a field that is not known"},
@@ -66,20 +48,14 @@ constexpr TimeUnit TIME_UNITS[] = {{24 * 60 * 60 * 1000, "d"}, {60 * 60 * 1000, 
 
 } // namespace
 
-const std::span<const Word> messageClassWords = MESSAGE_CLASSES;
-const std::span<const Word> priorityWords = PRIORITIES;
-const std::span<const Word> statusWords = STATUSES;
-const std::span<const Word> responseStatusWords = RESPONSE_STATUSES;
 const std::span<const Word> codecResultWords = CODEC_RESULTS;
 const std::span<const Word> bodyStatusWords = BODY_STATUSES;
 const std::span<const Word> smilStatusWords = SMIL_STATUSES;
 const std::span<const Word> smilWarningWords = SMIL_WARNINGS;
 
-QString wordOf(std::span<const Word> words, int number) {
-    const auto found = std::find_if(words.begin(), words.end(),
-                                    [number](const Word& word) { return word.number == number; });
-    return found == words.end() ? QStringLiteral("unknown (%1)").arg(number)
-                                : QString::fromLatin1(found->text);
+QString fieldWord(FIELD_CODE code, int number) {
+    const char* word = wireWord(*wireField(code), static_cast<quint64>(number));
+    return word ? QString::fromLatin1(word) : QStringLiteral("unknown (%1)").arg(number);
 }
 
 QString explained(std::span<const Word> words, const char* what, int number) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "codec/field_code.h"
+
 #include <QString>
 
 #include <span>
@@ -10,11 +12,6 @@ struct Word {
     const char* text;
 };
 
-/// The octets of header fields (MMS encapsulation, WAP-209, section 7.2).
-extern const std::span<const Word> messageClassWords;
-extern const std::span<const Word> priorityWords;
-extern const std::span<const Word> statusWords;
-extern const std::span<const Word> responseStatusWords;
 /// What the codecs of the header answer.
 extern const std::span<const Word> codecResultWords;
 /// The statuses of the body, and of the presentation's reader.
@@ -22,8 +19,8 @@ extern const std::span<const Word> bodyStatusWords;
 extern const std::span<const Word> smilStatusWords;
 extern const std::span<const Word> smilWarningWords;
 
-/// The word for a number, or "unknown (NUMBER)".
-QString wordOf(std::span<const Word> words, int number);
+/// The word for a number of a header field, or "unknown (NUMBER)".
+QString fieldWord(FIELD_CODE code, int number);
 /// "WORD (what NUMBER)", such as "not well-formed XML (status -8)".
 QString explained(std::span<const Word> words, const char* what, int number);
 
