@@ -240,6 +240,8 @@ TEST_F(ShowTest, SmilIsReadNormalisedAndWritten) {
     const Outcome broken = lummms({"smil", write("b.smil", "<smil><body/><body/></smil>")});
     EXPECT_EQ(broken.status, 1);
     EXPECT_TRUE(broken.err.contains("a second body (status -11)")) << broken.err.constData();
+    const Outcome cut = lummms({"smil", write("c.smil", "<smil>\n<body>\n</smil>")});
+    EXPECT_TRUE(cut.err.contains("not well-formed XML (status -8), line 3, column ")) << cut.err.constData();
 }
 
 } // namespace

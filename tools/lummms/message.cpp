@@ -17,15 +17,14 @@ namespace {
 
 constexpr int CONTENT_MISSING = 3; // the reader's warning
 
-/// ", line 3, column 14"; empty without a place.
+} // namespace
+
 QString placeOfError(const MMS_COMP_SMILParser& parser) {
     return parser.getErrorLine() ? QStringLiteral(", line %1, column %2")
                                        .arg(parser.getErrorLine())
                                        .arg(parser.getErrorColumn())
                                  : QString();
 }
-
-} // namespace
 
 bool isMultipart(const MMS_CONTENT_TYPE_T& type) {
     return equalLowered(type.type, u"multipart") ||

@@ -18,6 +18,10 @@
 class MMS_COMP_SMILMultipartBodypart;
 class MMS_COMP_SMILParser;
 
+/// Where the text of a presentation is wrong, as the reader told: ", line 3, column 14". Empty without a
+/// place.
+QString placeOfError(const MMS_COMP_SMILParser& parser);
+
 /// Whether a content type is that of a body made of parts.
 bool isMultipart(const MMS_CONTENT_TYPE_T& type);
 

@@ -67,7 +67,7 @@ int smil(const CommandLine& line) {
         print(printsToTerminal() ? printableLines(written) : written);
     }
     if (status) {
-        complain(path, explained(smilStatusWords, "status", status));
+        complain(path, explained(smilStatusWords, "status", status) + placeOfError(parser));
         return EXIT_MALFORMED;
     }
     if (parser.getLastWarning())
