@@ -37,6 +37,7 @@ TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         {{"--slide", "5", "text:a"}, "--to"},
         {{"--to", ""}, "empty"},
         {{"--to", "my mum", "--slide", "5", "text:a"}, "neither a phone number"},
+        {{"--to", "+12\n", "--slide", "5", "text:a"}, "neither a phone number"},
         {{"--to", "a@b.c/TYPE=PLMN", "--slide", "5", "text:a"}, "neither a phone number"},
         {{"--to", "1"}, "nothing to send"},
         {{"--to", "1", "--slide", "0.0001s", "text:a"}, "0.0001s"},

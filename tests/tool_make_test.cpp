@@ -189,7 +189,7 @@ TEST_F(ToolTest, UnpackTakesWhatIsAskedFor) {
     const QString file = write("m.mms", pdu);
     const std::tuple<const char*, int, const char*> rows[] = {
         {"2", 0, "2nd"},  {"3.1", 0, "i"}, {"inner.txt", 0, "i"}, {"id", 0, "by id"},
-        {"a.txt", 2, ""}, {"5", 2, ""},    {"none.txt", 2, ""},
+        {"a.txt", 2, ""}, {"5", 2, ""},    {"none.txt", 2, ""},   {"", 2, ""},
     };
     for (const auto& [part, status, octets] : rows) {
         const Outcome run = lummms({"unpack", "--part", part, "-o", "-", file});

@@ -129,6 +129,11 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
     // the message, the exit status, and what is found
     const std::tuple<QByteArray, int, const char*> rows[] = {
         {FRONT + DATE + BODY, 0, ""},
+        {FRONT + DATE + octets("88 06 80 04 53 70 7A 8C") + BODY, 0, ""}, // past for both readings
+        {smil("<layout>", "<layout><root-layout/>"), 0, ""},              // no screen is known
+        {smil("<body>", "<body><x:y/>"), 0, ""},
+        {octets("8C 96 98") + zeroed("T"), 1,
+         "error    MMS-Version is missing, which an m-cancel-req must have"},
         {FRONT + DATE + octets("95 05") + BODY, 1, "error    octet 14: X-Mms-Status: "},
         {FRONT + DATE + octets("96 E9 00") + BODY, 1, "warning  octet 14: Subject: "},
         {FRONT + BODY, 1, "error    Date is missing, which an m-retrieve-conf must have\n"},

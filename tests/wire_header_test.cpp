@@ -149,7 +149,7 @@ TEST(WireHeader, FieldsAndMarksAreFound) {
          {FIELD_MESSAGE_CLASS, FIELD_MESSAGE_SIZE, FIELD_EXPIRY, FIELD_CONTENT_LOCATION},
          false},
         {"8C 88 8D 90 8B 61 00 97 61 00 89 01 81 85 01 05 9B 80", {}, true},
-        {"8D 90", {}, true},
+        {"8D 90", {FIELD_MESSAGE_TYPE}, true},
         {"86 80 8C 97 8D 90", {}, false},
     };
     for (const auto& row : rows) {

@@ -170,9 +170,7 @@ void ValueReader::readNamedParameter() {
     const quint32 name = tree_.size();
     readText(WIRE_NAME, at_, charsetUnknown, false);
     tree_.node(name).isSyntax = true;
-    if (beginsInteger())
-        read(FORM_INTEGER, WIRE_VALUE, at_);
-    else
-        read(FORM_QUOTED, WIRE_VALUE, at_);
+    const bool fits = read(beginsInteger() ? FORM_INTEGER : FORM_QUOTED, WIRE_VALUE, at_);
+    tree_.node(index).isMisfit = !fits;
     tree_.close(index);
 }

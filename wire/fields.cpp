@@ -228,6 +228,7 @@ constexpr MMS_WIRE_Field parameters[] = {
 };
 
 constexpr int fieldReadStatus = 0x1B;
+constexpr int commonFields[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION};
 constexpr int sendReqFields[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION, FIELD_TRANSACTION_ID, FIELD_FROM,
                                  FIELD_CONTENT_TYPE};
 constexpr int sendConfFields[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION, FIELD_TRANSACTION_ID,
@@ -262,19 +263,19 @@ constexpr MMS_WIRE_MessageType messageTypes[] = {
     {136, "m-read-orig-ind", readOrigIndFields, false},
     {137, "m-forward-req", forwardReqFields, true},
     {138, "m-forward-conf", forwardConfFields, false},
-    {139, "m-mbox-store-req", {}, false},
-    {140, "m-mbox-store-conf", {}, false},
-    {141, "m-mbox-view-req", {}, false},
-    {142, "m-mbox-view-conf", {}, false},
-    {143, "m-mbox-upload-req", {}, false},
-    {144, "m-mbox-upload-conf", {}, false},
-    {145, "m-mbox-delete-req", {}, false},
-    {146, "m-mbox-delete-conf", {}, false},
-    {147, "m-mbox-descr", {}, false},
-    {148, "m-delete-req", {}, false},
-    {149, "m-delete-conf", {}, false},
-    {150, "m-cancel-req", {}, false},
-    {151, "m-cancel-conf", {}, false},
+    {139, "m-mbox-store-req", commonFields, false},
+    {140, "m-mbox-store-conf", commonFields, false},
+    {141, "m-mbox-view-req", commonFields, false},
+    {142, "m-mbox-view-conf", commonFields, false},
+    {143, "m-mbox-upload-req", commonFields, false},
+    {144, "m-mbox-upload-conf", commonFields, false},
+    {145, "m-mbox-delete-req", commonFields, false},
+    {146, "m-mbox-delete-conf", commonFields, false},
+    {147, "m-mbox-descr", commonFields, false},
+    {148, "m-delete-req", commonFields, false},
+    {149, "m-delete-conf", commonFields, false},
+    {150, "m-cancel-req", commonFields, false},
+    {151, "m-cancel-conf", commonFields, false},
 };
 
 constexpr int firstMessageType = 128;

@@ -78,7 +78,7 @@ MediaType mediaOf(const MMS_WIRE_Item& contentType) {
 
 MMS_WIRE_Item parameterOf(const MMS_WIRE_Item& value, QLatin1StringView name) {
     for (const MMS_WIRE_Item inside : value)
-        if (isParameter(inside) && isNamed(inside, name))
+        if (isParameter(inside) && isNamed(inside, name) && !WireTree::nodeOf(inside).isMisfit)
             return inside;
     return MMS_WIRE_Item();
 }

@@ -6,6 +6,7 @@
 #include "wire/values.h"
 
 #include <algorithm>
+#include <span>
 
 namespace {
 
@@ -119,13 +120,12 @@ QList<MMS_WIRE_Mark> MMS_WIRE_Reader::marks() const {
 QList<int> MMS_WIRE_Reader::missingFields() const {
     QList<int> missing;
     const MMS_WIRE_MessageType* type = wireMessageType(messageType());
-    if (!type)
-        return missing;
+    constexpr int always[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION}; // whatever the type is
     const auto isThere = [this](int code) { return !field(code).isNull(); };
-    for (const int code : type->mandatory)
+    for (const int code : type ? type->mandatory : std::span<const int>(always))
         if (!isThere(code))
             missing += code;
-    if (type->needsRecipient && !isThere(FIELD_TO) && !isThere(FIELD_CC) && !isThere(FIELD_BCC))
+    if (type && type->needsRecipient && !isThere(FIELD_TO) && !isThere(FIELD_CC) && !isThere(FIELD_BCC))
         missing += FIELD_TO;
     return missing;
 }

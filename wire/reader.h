@@ -69,7 +69,8 @@ public:
     QList<MMS_WIRE_Mark> marks() const;
 
     /// The codes of the fields that a message of this type must have and has not (see wireMessageType());
-    /// FIELD_TO stands for a missing recipient. Empty for a type that needs none and for an unknown one.
+    /// FIELD_TO stands for a missing recipient. A message of an unknown type needs Message-Type and
+    /// MMS-Version.
     QList<int> missingFields() const;
     /// Whether Message-Type, Transaction-Id and MMS-Version come first, in this order (absent ones left out),
     /// and Content-Type, if it is there, last.

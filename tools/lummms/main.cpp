@@ -9,6 +9,8 @@
 #include <QtGlobal>
 
 #include <algorithm>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
@@ -173,9 +175,18 @@ void dropNotesOfQt(QtMsgType type, const QMessageLogContext& context, const QStr
         qtsHandler(type, context, text);
 }
 
+/// Opens the standard streams that are closed, for nothing: a file opened later must not become one of them,
+/// and get what is printed.
+void keepStandardStreams() {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (fcntl(stream, F_GETFD) < 0)
+            (void)open("/dev/null", stream == STDERR_FILENO ? O_WRONLY : O_RDONLY);
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
+    keepStandardStreams();
     qtsHandler = qInstallMessageHandler(dropNotesOfQt);
     QStringList arguments;
     for (int i = 1; i < argc; ++i)

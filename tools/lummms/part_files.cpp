@@ -1,6 +1,7 @@
 #include "tools/lummms/part_files.h"
 
 #include "multipart/body_part.h"
+#include "tools/lummms/files.h"
 #include "tools/lummms/media_files.h"
 #include "tools/lummms/print/print.h"
 #include "tools/lummms/terminal.h"
@@ -23,13 +24,6 @@ QString numberedName(const QString& name, const QString& extension, int n) {
         return name;
     const QString base = MMS_COMP_Util::getNoExtName(name);
     return base + QStringLiteral("_%1").arg(n - 1) + name.mid(base.size());
-}
-
-/// Makes room for a new file, unless what is there is neither a file nor a link to one.
-void removeFile(const QString& path) {
-    const QFileInfo there(path);
-    if (there.isSymLink() || there.isFile())
-        QFile::remove(path);
 }
 
 } // namespace
@@ -62,37 +56,56 @@ QString FreeNames::next(const QString& name, const QString& extension) {
     return free;
 }
 
-bool PartFiles::openNew(const MMS_COMP_SMILMultipartBodypart& part, QFile& file) {
+QString PartFiles::nextPath(const MMS_COMP_SMILMultipartBodypart& part) {
     const QString name = safeFileName(part.getContentLocation());
     const QString extension =
         name.isEmpty()
             ? MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType())
             : QString();
-    for (;;) {
-        // no QDir::filePath(): for it ":x" is the path of a resource
-        file.setFileName(directory_ + u'/' + names_.next(name, extension));
-        if (replaces_)
-            removeFile(file.fileName());
-        // a file that is there, or a link to wherever, is never opened
-        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            return true;
-        const QFileInfo there(file.fileName());
-        if (!there.exists() && !there.isSymLink())
-            return false;
-    }
+    // no QDir::filePath(): for it ":x" is the path of a resource
+    return directory_ + u'/' + names_.next(name, extension);
+}
+
+/// Writes a new file; one that is there, or a link to wherever, is never opened.
+bool PartFiles::writeNew(const MMS_COMP_SMILMultipartBodypart& part, QString& path, QString& cause) {
+    QFile file;
+    bool isOpen = false;
+    QFileInfo there;
+    do {
+        path = nextPath(part);
+        file.setFileName(path);
+        isOpen = file.open(QIODevice::WriteOnly | QIODevice::NewOnly);
+        there.setFile(path);
+    } while (!isOpen && (there.exists() || there.isSymLink()));
+    const QArray<char>& octets = part.getBodyData();
+    if (isOpen && file.write(octets.data(), octets.size()) == octets.size() && file.flush())
+        return true;
+    cause = file.errorString();
+    if (isOpen)
+        file.remove(); // half a part
+    return false;
+}
+
+/// Writes a file in place of one that is there, or of a link itself, once it is written whole.
+bool PartFiles::replace(const MMS_COMP_SMILMultipartBodypart& part, QString& path, QString& cause) {
+    QFileInfo there;
+    do {
+        path = nextPath(part);
+        there.setFile(path);
+    } while (!there.isSymLink() && there.exists() && !there.isFile());
+    if (there.isSymLink())
+        QFile::remove(path);
+    return saveFile(path, part.getBodyData(), IfThere::REPLACE, cause);
 }
 
 bool PartFiles::write(const MMS_COMP_SMILMultipartBodypart& part) {
-    const QArray<char>& octets = part.getBodyData();
-    QFile file;
-    const bool isOpen = openNew(part, file);
-    if (!isOpen || file.write(octets.data(), octets.size()) != octets.size() || !file.flush()) {
-        complain(file.fileName(), file.errorString());
-        if (isOpen)
-            file.remove(); // half a part
+    QString path;
+    QString cause;
+    if (!(replaces_ ? replace(part, path, cause) : writeNew(part, path, cause))) {
+        complain(path, cause);
         return false;
     }
     print(QStringLiteral("%1  %2  %3\n")
-              .arg(printable(file.fileName()), typeOf(part), counted(octets.size(), "octet")));
+              .arg(printable(path), typeOf(part), counted(part.getBodyData().size(), "octet")));
     return true;
 }

@@ -5,7 +5,6 @@
 #include <QString>
 
 class MMS_COMP_SMILMultipartBodypart;
-class QFile;
 
 /// A name from outside as one that can be given to a new file: nothing that leads out of a directory, hides
 /// the file, looks like an option or steers a terminal, in 200 octets at most. Empty if nothing remains.
@@ -33,7 +32,9 @@ public:
     bool write(const MMS_COMP_SMILMultipartBodypart& part);
 
 private:
-    bool openNew(const MMS_COMP_SMILMultipartBodypart& part, QFile& file);
+    QString nextPath(const MMS_COMP_SMILMultipartBodypart& part);
+    bool writeNew(const MMS_COMP_SMILMultipartBodypart& part, QString& path, QString& cause);
+    bool replace(const MMS_COMP_SMILMultipartBodypart& part, QString& path, QString& cause);
 
     QString directory_;
     bool replaces_;

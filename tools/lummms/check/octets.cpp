@@ -50,15 +50,13 @@ void addProblems(QList<Finding>& findings, const Message& message) {
 
 void addMissingFields(QList<Finding>& findings, const Message& message) {
     const MMS_WIRE_MessageType* type = wireMessageType(message.wire().messageType());
-    if (message.wire().messageType() < 0)
-        findings += {FINDING_ERROR, -1, QStringLiteral("Message-Type is missing")};
     for (const int code : message.wire().missingFields()) {
-        const QString name = code == FIELD_TO && type->needsRecipient
+        const QString name = code == FIELD_TO && type && type->needsRecipient
                                  ? QStringLiteral("a recipient (To, Cc or Bcc)")
                                  : fieldName(code);
-        findings +=
-            {FINDING_ERROR, -1,
-             QStringLiteral("%1 is missing, which an %2 must have").arg(name, QLatin1String(type->name))};
+        const QString of =
+            type ? QStringLiteral(", which an %1 must have").arg(QLatin1String(type->name)) : QString();
+        findings += {FINDING_ERROR, -1, QStringLiteral("%1 is missing%2").arg(name, of)};
     }
 }
 

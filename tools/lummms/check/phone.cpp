@@ -46,9 +46,10 @@ private:
     /// Why the phone reads the field at `offset` otherwise, as far as its way through the header shows it:
     /// ": " and a sentence, or nothing.
     QString causeAt(qint64 offset) const {
-        const auto step = std::find_if(steps_.begin(), steps_.end(), [offset](const PhoneStep& s) {
-            return s.begin <= offset && offset < s.end;
-        });
+        // the steps stand one behind the other
+        auto step = std::upper_bound(steps_.begin(), steps_.end(), offset,
+                                     [](qint64 at, const PhoneStep& s) { return at < s.begin; });
+        step = step != steps_.begin() && offset < std::prev(step)->end ? std::prev(step) : steps_.end();
         if (step == steps_.end() && !steps_.isEmpty() && !steps_.last().isRead)
             return QStringLiteral(": it gives up before");
         if (step == steps_.end() || step->begin == offset)
@@ -58,6 +59,14 @@ private:
                  QLatin1String(step->isKnown() ? "is read beyond its end" : "is unknown to it"));
     }
 
+    /// Seconds from now; less than none for a moment that is past.
+    qint64 expirySent() const {
+        const MMS_WIRE_Item sent = sent_.wire().field(FIELD_EXPIRY);
+        return sent.kind() == MMS_WIRE_Item::TIME
+                   ? static_cast<qint64>(sent.number()) - QDateTime::currentSecsSinceEpoch()
+                   : static_cast<qint32>(sent_.header.getExpireTime());
+    }
+
     bool isSame(FIELD_CODE code) const {
         const MMS_UA_UAMsg& a = sent_.header;
         const MMS_UA_UAMsg& b = phone_.header;
@@ -65,7 +74,7 @@ private:
         case FIELD_DATE:
             return true;
         case FIELD_EXPIRY:
-            return isClose(static_cast<qint32>(a.getExpireTime()), static_cast<qint32>(b.getExpireTime()));
+            return isClose(expirySent(), static_cast<qint32>(b.getExpireTime()));
         case FIELD_DELIVERY_TIME:
             return isClose(a.getDeliveryTime().toSecsSinceEpoch(), b.getDeliveryTime().toSecsSinceEpoch());
         default:
@@ -84,9 +93,12 @@ private:
         };
         if (wasSent && !isSeen)
             add(offset, QStringLiteral("the phone does not see %1%2").arg(name, causeAt(offset)));
-        else if (!wasSent && isSeen)
+        else if (!wasSent && isSeen && field.code != FIELD_DATE && item.isNull())
             add(offset,
                 QStringLiteral("the phone sees %1, \"%2\", which was not sent").arg(name, value(phone_)));
+        else if (!wasSent && isSeen && field.code != FIELD_DATE)
+            add(offset, QStringLiteral("the phone reads %1 as \"%2\", not \"%3\"%4")
+                            .arg(name, value(phone_), printableStart(item.valueText()), causeAt(offset)));
         else if (wasSent && isSeen && !isSame(field.code))
             add(offset, QStringLiteral("the phone reads %1 as \"%2\", not \"%3\"%4")
                             .arg(name, value(phone_), value(sent_), causeAt(offset)));

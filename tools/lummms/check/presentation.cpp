@@ -29,6 +29,12 @@ double pixels(QStringView text, double screen) {
     return !isNumber ? UNKNOWN : isPercent ? number * screen / 100 : number;
 }
 
+/// A side of the screen; unknown when it is not given.
+double screenPixels(QStringView text) {
+    const double side = pixels(text, UNKNOWN);
+    return side > 0 ? side : UNKNOWN;
+}
+
 /// Whether a region reaches beyond the screen in one direction.
 bool reachesBeyond(QStringView start, QStringView extent, double screen) {
     constexpr double tolerance = 0.01;
@@ -80,17 +86,18 @@ private:
         const qsizetype start = std::max<qsizetype>(text.indexOf(QLatin1String("<smil")), 0);
         lineOffset_ = text.first(start).count(u'\n');
         QXmlStreamReader xml(text.sliced(start));
+        xml.setNamespaceProcessing(false); // the reader of presentations needs no declared prefixes either
         while (!xml.atEnd())
             if (xml.readNext() == QXmlStreamReader::StartElement)
                 readElement(xml);
     }
 
     void readElement(const QXmlStreamReader& xml) {
-        const QString tag = xml.name().toString().toLower();
+        const QString tag = xml.qualifiedName().toString().toLower();
         const qint64 line = xml.lineNumber() + lineOffset_;
         if (tag == u"root-layout" && std::isnan(width_)) {
-            width_ = pixels(xml.attributes().value("width"), UNKNOWN);
-            height_ = pixels(xml.attributes().value("height"), UNKNOWN);
+            width_ = screenPixels(xml.attributes().value("width"));
+            height_ = screenPixels(xml.attributes().value("height"));
         } else if (tag == u"region") {
             regions_ += {xml.attributes(), line};
         } else if (mediaKindOfTag(tag)) {

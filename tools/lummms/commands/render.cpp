@@ -39,7 +39,7 @@ int save(const CommandLine& line, const QByteArray& octets) {
 
 /// Reads "FROM-TO", or one number; false for anything else.
 bool readRange(const QString& text, SlideRange& range) {
-    static const QRegularExpression form("^([1-9][0-9]{0,8})(?:-([1-9][0-9]{0,8}))?$");
+    static const QRegularExpression form("^([1-9][0-9]{0,8})(?:-([1-9][0-9]{0,8}))?\\z");
     const QRegularExpressionMatch match = form.match(text);
     range.from = match.captured(1).toInt();
     range.to = match.captured(2).isNull() ? range.from : match.captured(2).toInt();

@@ -9,6 +9,7 @@
 #include "tools/lummms/words.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 #include <memory>
 
@@ -16,18 +17,22 @@ namespace {
 
 /// Makes the files of a directory the parts of the body. False after a complaint.
 bool addParts(const QString& directory, MMS_COMP_SMILMultipart& body) {
-    const QDir dir(directory);
-    if (!dir.exists() || !dir.isReadable()) {
+    const QString base = filePathOf(directory);
+    const QDir dir(base);
+    if (directory.isEmpty() || !dir.exists() || !dir.isReadable()) {
         complain(directory,
                  dir.exists() ? QStringLiteral("cannot be read") : QStringLiteral("no such directory"));
         return false;
     }
     const QStringList names = dir.entryList(QDir::Files, QDir::Name);
     for (const QString& name : names) {
+        const QString path = base + u'/' + name; // for QDir::filePath(), ":x" is the path of a resource
+        if (!QFileInfo(path).isFile())
+            continue; // a link to a pipe or a device
         QArray<char> octets;
         QString cause;
-        if (!loadFile(dir.filePath(name), octets, cause)) {
-            complain(dir.filePath(name), cause);
+        if (!loadFile(path, octets, cause)) {
+            complain(path, cause);
             return false;
         }
         const MediaType type = mediaTypeOf(name, octets);

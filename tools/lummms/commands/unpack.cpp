@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 
@@ -37,12 +38,25 @@ QList<NumberedPart> allParts(MMS_COMP_SMILMultipart& body) {
     return parts;
 }
 
-/// Whether the user means that part by its number or by one of its names.
-bool isMeant(const NumberedPart& numbered, const QString& wanted) {
+/// Whether the user means that part by one of its names.
+bool isNamed(const NumberedPart& numbered, const QString& wanted) {
     const Part& part = *numbered.part;
-    const QStringList names{numbered.number, part.getContentLocation(),
-                            safeFileName(part.getContentLocation()), part.getContentID()};
-    return names.contains(wanted) || names.last() == u'<' + wanted + u'>';
+    const QStringList names{part.getContentLocation(), safeFileName(part.getContentLocation()),
+                            part.getContentID()};
+    return !wanted.isEmpty() && (names.contains(wanted) || names.last() == u'<' + wanted + u'>');
+}
+
+/// The parts that the user means: the one of that number, which no name of another can hide, or those of
+/// that name.
+QList<NumberedPart> meant(const QList<NumberedPart>& parts, const QString& wanted) {
+    QList<NumberedPart> named;
+    for (const NumberedPart& part : parts) {
+        if (part.number == wanted)
+            return {part};
+        if (isNamed(part, wanted))
+            named += part;
+    }
+    return named;
 }
 
 /// Unpacks message after message.
@@ -90,17 +104,17 @@ bool Unpacker::choose(const QString& path, QList<NumberedPart>& parts) const {
     if (wanted.isEmpty())
         return true;
     bool areThere = true;
+    QSet<QString> numbers;
     for (const QString& name : wanted) {
-        const auto isWanted = [&name](const NumberedPart& part) { return isMeant(part, name); };
-        if (std::none_of(parts.cbegin(), parts.cend(), isWanted)) {
+        const QList<NumberedPart> found = meant(parts, name);
+        for (const NumberedPart& part : found)
+            numbers += part.number;
+        if (found.isEmpty()) {
             complain(path, QStringLiteral("has no part '%1' (see --list)").arg(name));
             areThere = false;
         }
     }
-    parts.removeIf([&wanted](const NumberedPart& part) {
-        return std::none_of(wanted.cbegin(), wanted.cend(),
-                            [&part](const QString& name) { return isMeant(part, name); });
-    });
+    parts.removeIf([&numbers](const NumberedPart& part) { return !numbers.contains(part.number); });
     return areThere;
 }
 

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr int MAX_PARTS = 255;           // the count in front of a body is one octet
+constexpr int MAX_PARTS = 127;           // the count is written as one octet, which others read as a uintvar
 const QString SMIL_ID = "<slides>";      // what the start parameter refers to
 const QString SMIL_NAME = "slides.smil"; // and its Content-Location
 

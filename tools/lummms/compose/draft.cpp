@@ -63,7 +63,7 @@ bool DraftReader::refuseSlide(const QString& cause) {
 }
 
 bool DraftReader::readDuration(const QString& text, int& duration) {
-    static const QRegularExpression form("^([0-9]+(\\.[0-9]+)?)(ms|s|min|h)?$|^indefinite$");
+    static const QRegularExpression form("^([0-9]+(\\.[0-9]+)?)(ms|s|min|h)?\\z|^indefinite\\z");
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
         return refuseSlide(
@@ -182,7 +182,7 @@ qint64 Draft::size() const {
 
 bool readSizeLimit(qint64& octets) {
     static const QString variable = "LUM_MMS_MAX_SIZE_KB";
-    static const QRegularExpression number("^[0-9]*[1-9][0-9]*$");
+    static const QRegularExpression number("^[0-9]*[1-9][0-9]*\\z");
     const QString text = qEnvironmentVariable("LUM_MMS_MAX_SIZE_KB");
     octets = qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024;
     return text.isEmpty() || number.match(text).hasMatch() ||

@@ -23,7 +23,7 @@ void OptionValue::refuse(const QString& cause) {
 }
 
 int OptionValue::number() const {
-    static const QRegularExpression digits("^[0-9]+$");
+    static const QRegularExpression digits("^[0-9]+\\z");
     bool fits = false;
     const int value = typed_.toInt(&fits);
     return fits && digits.match(typed_).hasMatch() ? value : -1;
@@ -45,9 +45,9 @@ QString OptionValue::ascii() {
 }
 
 MMS_UTIL_Entry OptionValue::address() {
-    static const QRegularExpression phone("^\\+?[0-9*#][0-9*#.-]*$");
+    static const QRegularExpression phone("^\\+?[0-9*#][0-9*#.-]*\\z");
     // "/TYPE=" would tell the receiver that it is something else
-    static const QRegularExpression email("^(?!.*/TYPE=)[^\\s\\p{C}@<>()\",;:]+@[^\\s\\p{C}@<>()\",;:]+$");
+    static const QRegularExpression email("^(?!.*/TYPE=)[^\\s\\p{C}@<>()\",;:]+@[^\\s\\p{C}@<>()\",;:]+\\z");
     if (phone.match(typed_).hasMatch())
         return {QString(), MMS_UTIL_Entry::PLMN, typed_};
     if (typed_.isEmpty())
@@ -84,7 +84,7 @@ bool OptionValue::either(const char* first, const char* second) {
 }
 
 unsigned char OptionValue::version() {
-    static const QRegularExpression form("^([1-7])\\.([0-9]|1[0-4])$");
+    static const QRegularExpression form("^([1-7])\\.([0-9]|1[0-4])\\z");
     const QRegularExpressionMatch match = form.match(typed_);
     if (!match.hasMatch())
         refuse(QStringLiteral("is no version such as 1.0"));
