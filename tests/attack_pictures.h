@@ -26,7 +26,7 @@ inline QByteArray number(quint32 value) {
 }
 
 inline QByteArray chunk(const QByteArray& typeAndData) {
-    quint32 sum = ~0u; // CRC-32 (PNG specification, annex D)
+    quint32 sum = ~0u; // CRC-32 (PNG, annex D)
     for (const char octet : typeAndData) {
         sum ^= static_cast<quint8>(octet);
         for (int bit = 0; bit < 8; ++bit)
