@@ -44,7 +44,7 @@ inline QByteArray zeros(qsizetype count) {
 inline QByteArray png(int side, const QByteArray& form, int bitsPerPixel, const QByteArray& chunks = {}) {
     const qint64 rows = (qint64(side) * bitsPerPixel + 7) / 8 + 1;
     return raw("\x89PNG\r\n\x1a\n") + chunk("IHDR" + number(quint32(side)) + number(quint32(side)) + form) +
-           chunks + chunk("IDAT" + zeros(rows * side)) + chunk("IEND");
+           chunks + chunk("IDAT" + zeros(qsizetype(rows * side))) + chunk("IEND");
 }
 
 inline const QByteArray TRUE_COLOR = octets("08 02 00 00 00");

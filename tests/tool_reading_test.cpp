@@ -143,8 +143,9 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         {DATE + FRONT + BODY, 1, "warning  octet 0: Date stands where Message-Type belongs: "},
         {FRONT + DATE + octets("84 83 96") + zeroed("Hi"), 0, ""},
         {FRONT + DATE + octets("84 A3 96") + zeroed("Hi"), 1,
-         "error    octet 16: Content-Type is not the last field: Subject stands behind it\n"
-         "phone    octet 16: the phone reads 0 of 1 part: to it, part 1 is malformed\n"},
+         "error    octet 16: Content-Type is not the last field: Subject stands behind it\n"},
+        {FRONT + DATE + octets("84 A3"), 1,
+         "error    octet 16: nEntries: the octets end inside the number\n"},
         {smil("cid:pic", "no.jpg"), 1,
          "error    presentation, line 1: no part is \"no.jpg\"\nwarning  octet 350: nothing refers to part "
          "3, \"p.jpg\"\n"},
@@ -170,6 +171,15 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         {FRONT + DATE + octets("84 A3 01") +
              entry(octets("83"), octets("8E") + named + octets("C8") + zeroed("base64"), "SGk="),
          0, "phone    octet 17: the phone reads the data of part 1 otherwise: it does not undo base64\n"},
+        {FRONT + DATE +
+             related(SMIL, {TEXT, entry(octets("9E"), zeroed("Content-ID") + zeroed("\"<pic>"), "x")}),
+         0,
+         "phone    octet 351: the phone reads the Content-ID of part 3 as \"\", not \"<pic>\"\n"
+         "phone    the phone reads slide 1 as \"a.txt (part 2)\", not \"a.txt (part 2), cid:pic (part "
+         "3)\"\n"},
+        {FRONT + DATE + octets("8F") + zeroed("Low") + BODY, 1,
+         "error    octet 14: X-Mms-Priority: the value does not have the form that it must have here\n"
+         "phone    octet 14: the phone reads Priority as \""},
         {"", 1, "error    the file is empty\n"},
     };
     for (const auto& [octets, status, found] : rows) {

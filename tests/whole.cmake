@@ -14,7 +14,7 @@ if(LUM_BUILD_UI)
     list(APPEND libraries lummmsui)
 endif()
 foreach(library ${libraries})
-    add_test(NAME symbols_${library} COMMAND tests/symbols/compare $<TARGET_FILE:${library}>
+    add_test(NAME symbols_${library} COMMAND tests/symbols/compare ${CMAKE_NM} $<TARGET_FILE:${library}>
              tests/symbols/${library}.txt WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
 endforeach()
 

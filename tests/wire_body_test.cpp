@@ -98,7 +98,7 @@ TEST(WireBody, HeadsOfParts) {
     const auto byName = [](const QString& text) {
         return partOf("\x9E" + text.toLatin1().replace('|', '\0'), "x");
     };
-    expectRows({"Content-ID|<i>| = image/jpeg, id <i>: x", "content-id|\"<i>| = image/jpeg, id <i>: x",
+    expectRows({"Content-ID|<i>| = image/jpeg, id <i>: x ?", "content-id|\"<i>| = image/jpeg, id <i>: x",
                 "Content-Location|l| = image/jpeg, name l: x",
                 "Content-Transfer-Encoding|binary| = image/jpeg, by binary: x",
                 "Content-Disposition|attachment; filename=\"f;\"| = image/jpeg, name f;, as attachment: x",

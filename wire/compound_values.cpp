@@ -27,89 +27,94 @@ qsizetype ValueReader::takeLength(quint64* stated, quint32* marks) {
     return static_cast<qsizetype>(*stated);
 }
 
-/// Begins an item with the code in front, if there is one, and the length.
-quint32 ValueReader::openWithLength(quint16 what, qsizetype from, qsizetype* length) {
+/// Reads a value that states its length: an item with the code in front, if there is one, the length, and
+/// what `readInside` finds within it. `readInside` gets the item's index and says whether the value has its
+/// form.
+template <typename Inside>
+bool ValueReader::readWithLength(quint16 what, qsizetype from, Inside readInside) {
+    if (next() == 0 || next() > ValueOctet::lengthQuote)
+        return readMisfit(what, from);
     const quint32 index = tree_.open(what, from);
     if (from < at_)
         tree_.addSyntax(WIRE_CODE, from, data_[from] & ValueOctet::lowBits);
     const qsizetype at = at_;
     quint64 stated = 0;
     quint32 marks = MARK_NONE;
-    *length = takeLength(&stated, &marks);
+    const qsizetype length = takeLength(&stated, &marks);
     tree_.addSyntax(WIRE_LENGTH, at, stated, marks);
-    return index;
+    bool fits = false;
+    {
+        const Limit limit(*this, length, true);
+        fits = readInside(index);
+    }
+    tree_.close(index);
+    return fits;
 }
 
 bool ValueReader::readCompound(quint16 what, qsizetype from, std::initializer_list<Component> components) {
-    if (next() == 0 || next() > ValueOctet::lengthQuote)
-        return readMisfit(what, from);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = true;
-    {
-        const Limit limit(*this, length, true);
-        for (const Component& component : components)
-            fits = fits && (component.form == FORM_PARAMETERS ? readParameters()
-                                                              : read(component.form, component.what, at_));
-        if (!fits)
-            readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE); // the mark is where it went wrong
-    }
-    tree_.close(index);
-    return fits;
+    return readWithLength(what, from, [&](quint32) {
+        for (const Component& component : components) {
+            const bool fits = component.form == FORM_PARAMETERS ? readParameters()
+                                                                : read(component.form, component.what, at_);
+            if (!fits) {
+                readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE); // the mark is where it went wrong
+                return false;
+            }
+        }
+        return true;
+    });
 }
 
 /// Takes the rest of a value that turns out not to have its form.
-void ValueReader::giveUp(quint32 index) {
+bool ValueReader::giveUp(quint32 index) {
     tree_.mark(index, MARK_FORM);
     readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE);
+    return false;
+}
+
+bool ValueReader::readEncodedWithLength(quint16 what, qsizetype from, quint16 inside) {
+    return readWithLength(what, from, [&](quint32 index) {
+        const qsizetype at = at_;
+        quint64 number = 0;
+        if (!takeInteger(&number))
+            return giveUp(index);
+        const int charset = static_cast<int>(std::min<quint64>(number, largestCharset));
+        const bool isKnown = isKnownCharset(charset, tree_.charsets());
+        tree_.addSyntax(WIRE_CHARSET, at, number, isKnown ? MARK_NONE : MARK_CHARSET);
+        readText(inside, at_, isKnown ? charset : charsetUnknown, false);
+        return true;
+    });
 }
 
 bool ValueReader::readTime(quint16 what, qsizetype from) {
-    if (next() == 0 || next() > ValueOctet::lengthQuote)
-        return readMisfit(what, from);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = false;
-    {
-        const Limit limit(*this, length, true);
-        if (hasMore() && (next() == absoluteToken || next() == relativeToken)) {
-            const bool isAbsolute = next() == absoluteToken;
-            tree_.addSyntax(WIRE_TIME_TOKEN, at_, next());
-            ++at_;
-            const quint32 time = tree_.size();
-            fits = read(FORM_DATE, WIRE_TIME, at_);
-            if (fits && !isAbsolute)
-                tree_.node(time).kind = MMS_WIRE_Item::SECONDS;
-        } else {
-            giveUp(index);
-        }
-    }
-    tree_.close(index);
-    return fits;
+    return readWithLength(what, from, [&](quint32 index) {
+        if (!hasMore() || (next() != absoluteToken && next() != relativeToken))
+            return giveUp(index);
+        const bool isAbsolute = next() == absoluteToken;
+        tree_.addSyntax(WIRE_TIME_TOKEN, at_, next());
+        ++at_;
+        const quint32 time = tree_.size();
+        const bool fits = read(FORM_DATE, WIRE_TIME, at_);
+        if (fits && !isAbsolute)
+            tree_.node(time).kind = MMS_WIRE_Item::SECONDS;
+        return fits;
+    });
 }
 
 bool ValueReader::readFrom(quint16 what, qsizetype from) {
-    if (next() == 0 || next() > ValueOctet::lengthQuote)
-        return readMisfit(what, from);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = false;
-    {
-        const Limit limit(*this, length, true);
+    return readWithLength(what, from, [&](quint32 index) {
         if (hasMore() && next() == addressToken) {
             tree_.addSyntax(WIRE_FROM_TOKEN, at_, next());
             ++at_;
-            fits = read(FORM_ADDRESS, WIRE_ADDRESS, at_);
-        } else if (hasMore() && next() == insertAddressToken) {
+            return read(FORM_ADDRESS, WIRE_ADDRESS, at_);
+        }
+        if (hasMore() && next() == insertAddressToken) {
             tree_.add(WIRE_FROM_TOKEN, MMS_WIRE_Item::NUMBER, at_, next());
             ++at_;
-            fits = true;
-        } else {
-            giveUp(index);
+            return true;
         }
-    }
-    tree_.close(index);
-    return fits;
+        return giveUp(index);
+    });
 }
 
 // ---- media types, charsets, parameters ----

@@ -190,7 +190,7 @@ constexpr MMS_WIRE_Field partHeaders[] = {
     {0x0E, "Content-Location", FORM_TEXT, {}},
     {0x11, "Content-Type", FORM_CONTENT_TYPE, {}},
     {0x2E, "Content-Disposition", FORM_DISPOSITION, dispositions},
-    {0x40, "Content-ID", FORM_QUOTED, {}},
+    {0x40, "Content-ID", FORM_CONTENT_ID, {}},
     {0x45, "Content-Disposition", FORM_DISPOSITION, dispositions},
     {0x48, "Content-Transfer-Encoding", FORM_TEXT, {}}, // no assigned number; some senders write it so
 };

@@ -31,7 +31,8 @@ enum WIRE_FORM : unsigned char {
     FORM_FLAGS,         ///< length, octet, encoded text
     FORM_TOTALS,        ///< length, octet, integer
     FORM_ELEMENT,       ///< length, text, parameters
-    FORM_QUOTED,        ///< text begun by a 0x22
+    FORM_QUOTED,        ///< text that may be in quotes
+    FORM_CONTENT_ID,    ///< text begun by a 0x22
     FORM_DISPOSITION,   ///< length, octet or text, parameters
     FORM_UINTVAR,       ///< octets of seven bits, the last below 128
     FORM_CHARSET,       ///< integer or text

@@ -62,11 +62,13 @@ bool ValueReader::readForm(WIRE_FORM form, quint16 what, qsizetype from) {
     }
     case FORM_TEXT:
         return readTextString(what, from, isParameter(what));
-    case FORM_QUOTED: {
+    case FORM_QUOTED:
+        return readTextString(what, from, true);
+    case FORM_CONTENT_ID: {
         const quint32 index = tree_.size();
         const bool isQuoted = next() == textQuote;
         const bool fits = readTextString(what, from, true);
-        if (fits && !isQuoted && what == WIRE_PART_HEADER + 0x40)
+        if (fits && !isQuoted)
             tree_.mark(index, MARK_NO_QUOTE);
         return fits;
     }
@@ -255,27 +257,7 @@ bool ValueReader::readTextString(quint16 what, qsizetype from, bool isQuoted) {
 }
 
 bool ValueReader::readEncoded(quint16 what, qsizetype from, quint16 inside) {
-    if (beginsText())
-        return readTextString(what, from, false);
-    qsizetype length = 0;
-    const quint32 index = openWithLength(what, from, &length);
-    bool fits = false;
-    {
-        const Limit limit(*this, length, true);
-        const qsizetype at = at_;
-        quint64 number = 0;
-        fits = takeInteger(&number);
-        if (fits) {
-            const int charset = static_cast<int>(std::min<quint64>(number, largestCharset));
-            const bool isKnown = isKnownCharset(charset, tree_.charsets());
-            tree_.addSyntax(WIRE_CHARSET, at, number, isKnown ? MARK_NONE : MARK_CHARSET);
-            readText(inside, at_, isKnown ? charset : charsetUnknown, false);
-        } else {
-            giveUp(index);
-        }
-    }
-    tree_.close(index);
-    return fits;
+    return beginsText() ? readTextString(what, from, false) : readEncodedWithLength(what, from, inside);
 }
 
 void ValueReader::readNamed(const MMS_WIRE_Field* (*known)(QByteArrayView name)) {

@@ -82,7 +82,10 @@ private:
     bool readText(quint16 what, qsizetype from, int charset, bool isQuoted);
     bool readWideText(quint16 what, qsizetype from, int charset);
     bool readEncoded(quint16 what, qsizetype from, quint16 inside);
-    void giveUp(quint32 index);
+    bool readEncodedWithLength(quint16 what, qsizetype from, quint16 inside);
+    template <typename Inside>
+    bool readWithLength(quint16 what, qsizetype from, Inside readInside);
+    bool giveUp(quint32 index);
     bool readTime(quint16 what, qsizetype from);
     bool readFrom(quint16 what, qsizetype from);
     bool readCompound(quint16 what, qsizetype from, std::initializer_list<Component> components);
@@ -97,7 +100,6 @@ private:
     bool beginsText() const { return hasMore() && (next() == 0 || next() >= 32); }
     bool takeInteger(quint64* value);
     qsizetype takeLength(quint64* stated, quint32* marks);
-    quint32 openWithLength(quint16 what, qsizetype from, qsizetype* length);
     quint32 addText(quint16 what, qsizetype from, const TextPlace& place, quint32 marks);
 
     WireTree& tree_;

@@ -10,9 +10,9 @@
 
 namespace {
 
-/// What stands where a field should begin, by its first octet.
+/// What stands where a field should begin, by its name if it has one, else by its first octet.
 QString unknownField(unsigned char octet, const QString& name) {
-    if (octet >= 0x20 && octet < 0x7F)
+    if (octet >= 0x20 && octet < 0x7F && !name.isEmpty())
         return QStringLiteral("header \"%1\"").arg(printableStart(name));
     const QString number = QString::number(octet, 16).toUpper().rightJustified(2, u'0');
     return QStringLiteral("%1 0x%2").arg(QLatin1String(octet & 0x80 ? "field" : "octet"), number);

@@ -4,6 +4,8 @@
 #include <QString>
 
 class Message;
+class MMS_WIRE_Item;
+class MMS_WIRE_Reader;
 
 /// How much a finding weighs.
 enum FINDING : int {
@@ -23,6 +25,10 @@ struct Finding {
 QList<Finding> findingsIn(Message& message);
 
 // The pieces of it.
+
+/// The header field behind Content-Type, where a malformed body should begin, read by `reader`; the null item
+/// when there is none.
+MMS_WIRE_Item fieldBehindContentType(const Message& message, MMS_WIRE_Reader& reader);
 
 /// Octets, fields and their order, names of parts, size.
 QList<Finding> findingsInOctets(const Message& message);

@@ -13,10 +13,6 @@
 
 #include <algorithm>
 
-namespace {
-
-/// The header field that stands behind Content-Type, where the body should begin; null without one. Only a
-/// body that is malformed can be one.
 MMS_WIRE_Item fieldBehindContentType(const Message& message, MMS_WIRE_Reader& reader) {
     const MMS_WIRE_Item body = message.wire().body();
     const QList<MMS_WIRE_Mark> marks = message.wire().marks();
@@ -31,6 +27,8 @@ MMS_WIRE_Item fieldBehindContentType(const Message& message, MMS_WIRE_Reader& re
     const MMS_WIRE_Item first = *reader.message().begin();
     return wireField(first.code()) && reader.field(first.code()) == first ? first : MMS_WIRE_Item();
 }
+
+namespace {
 
 /// What is wrong with single octets, fields and lengths.
 void addProblems(QList<Finding>& findings, const Message& message) {

@@ -9,6 +9,8 @@
 #include "tools/lummms/words.h"
 #include "util/lowered.h"
 
+#include <QHash>
+
 #include <algorithm>
 
 namespace {
@@ -42,6 +44,12 @@ public:
 
 private:
     void add(qint64 offset, const QString& what) { findings_ += {FINDING_PHONE, offset, what}; }
+
+    void compareText(qint64 offset, const QString& what, const QString& sent, const QString& seen) {
+        if (sent != seen)
+            add(offset, QStringLiteral("the phone reads %1 as \"%2\", not \"%3\"")
+                            .arg(what, printableStart(seen), printableStart(sent)));
+    }
 
     /// Why the phone reads the field at `offset` otherwise, as far as its way through the header shows it:
     /// ": " and a sentence, or nothing.
@@ -82,10 +90,21 @@ private:
         }
     }
 
+    /// The field's first item that fits its form, else its first one; null when it was not sent.
+    MMS_WIRE_Item itemOf(int code) const {
+        const MMS_WIRE_Item fitting = sent_.wire().field(code);
+        if (!fitting.isNull())
+            return fitting;
+        for (const MMS_WIRE_Item item : sent_.wire().message())
+            if (item.code() == code)
+                return item;
+        return fitting;
+    }
+
     void compareField(const HeaderField& field) {
         const bool wasSent = sent_.header.fieldsPresent(presenceBit(field.code));
         const bool isSeen = phone_.header.fieldsPresent(presenceBit(field.code));
-        const MMS_WIRE_Item item = sent_.wire().field(field.code);
+        const MMS_WIRE_Item item = itemOf(field.code);
         const qint64 offset = item.isNull() ? -1 : item.offset();
         const QString name = fieldName(field.code);
         const auto value = [&field](const Message& message) {
@@ -118,11 +137,12 @@ private:
         const bool wasSent = sent_.hasBody && isMultipart(sent_.header.getContentType());
         if (wasSent && phone_.result == 0 && !phone_.hasBody)
             add(sent_.bodyOffset(), QStringLiteral("the phone sees no parts"));
-        if (!wasSent || !phone_.hasBody)
+        MMS_WIRE_Reader reader;
+        if (!wasSent || !phone_.hasBody || !fieldBehindContentType(sent_, reader).isNull())
             return; // without its header there is no body, which was told
         const int parts = sent_.body.getPartCount();
         const int seen = phone_.body.getPartCount();
-        if (phone_.bodyStatus)
+        if (phone_.bodyStatus && seen < parts)
             add(sent_.bodyOffset(), QStringLiteral("the phone reads %1 of %2: to it, part %3 is malformed")
                                         .arg(seen)
                                         .arg(counted(parts, "part"))
@@ -130,17 +150,52 @@ private:
         else if (seen != parts)
             add(sent_.bodyOffset(),
                 QStringLiteral("the phone sees %1, not %2").arg(counted(seen, "part")).arg(parts));
+        compareText(sent_.bodyOffset(), "the start of the body", sent_.body.getStart(),
+                    phone_.body.getStart());
         const QList<MMS_WIRE_Part> sent = sent_.wire().parts();
         for (int i = 0; i < std::min(parts, seen) && i < sent.size(); ++i)
             comparePart(QString::number(i + 1), sent.at(i), *partOf(sent_, i), *partOf(phone_, i));
+        comparePresentations();
+    }
+
+    void comparePresentations() {
         const bool finds = phone_.smilPart != nullptr;
+        const int slides = sent_.presentation->getTotalSlidesNum();
+        const int shown = phone_.presentation->getTotalSlidesNum();
         if (finds != (sent_.smilPart != nullptr))
             add(-1, finds ? QStringLiteral("the phone takes a part for the presentation, and there is none")
                           : QStringLiteral("the phone does not find the presentation"));
-        else if (phone_.presentation->getTotalSlidesNum() != sent_.presentation->getTotalSlidesNum())
-            add(-1, QStringLiteral("the phone shows %1, not %2")
-                        .arg(counted(phone_.presentation->getTotalSlidesNum(), "slide"))
-                        .arg(sent_.presentation->getTotalSlidesNum()));
+        else if (shown != slides)
+            add(-1, QStringLiteral("the phone shows %1, not %2").arg(counted(shown, "slide")).arg(slides));
+        else
+            compareSlides(slides);
+    }
+
+    using PartNumbers = QHash<const Part*, int>;
+
+    static PartNumbers numbersOfParts(const Message& message) {
+        PartNumbers numbers;
+        for (int i = 0; i < message.body.getPartCount(); ++i)
+            numbers.insert(partOf(message, i), i + 1);
+        return numbers;
+    }
+
+    /// The references of a slide's objects, each with the number of the part that it means.
+    static QString contentsOf(const Message& message, int slide, const PartNumbers& numbers) {
+        QStringList contents;
+        for (const MMS_COMP_SMILMediaObject* object : *message.presentation->getSlide(slide)) {
+            const int number = numbers.value(object->getData());
+            contents += object->getSrc() +
+                        (number ? QStringLiteral(" (part %1)").arg(number) : QStringLiteral(" (no part)"));
+        }
+        return contents.join(QStringLiteral(", "));
+    }
+
+    void compareSlides(int slides) {
+        const PartNumbers sent = numbersOfParts(sent_), seen = numbersOfParts(phone_);
+        for (int i = 0; i < slides; ++i)
+            compareText(-1, QStringLiteral("slide %1").arg(i + 1), contentsOf(sent_, i, sent),
+                        contentsOf(phone_, i, seen));
     }
 
     static const Part* partOf(const Message& message, int i) {
@@ -148,16 +203,14 @@ private:
     }
 
     void comparePart(const QString& number, const MMS_WIRE_Part& wire, const Part& sent, const Part& phone) {
-        const std::tuple<const char*, QString, QString> texts[] = {
-            {"type", sent.getMimeFormat().toLower(), phone.getMimeFormat().toLower()},
-            {"name", sent.getContentLocation(), phone.getContentLocation()},
-            {"Content-ID", sent.getContentID(), phone.getContentID()},
-        };
         const qint64 offset = wire.item().offset();
-        for (const auto& [what, was, is] : texts)
-            if (was != is)
-                add(offset, QStringLiteral("the phone reads the %1 of part %2 as \"%3\", not \"%4\"")
-                                .arg(QLatin1String(what), number, printableStart(is), printableStart(was)));
+        const QString ofPart = QStringLiteral(" of part ") + number;
+        compareText(offset, "the type" + ofPart, sent.getMimeFormat().toLower(),
+                    phone.getMimeFormat().toLower());
+        compareText(offset, "the name" + ofPart, sent.getContentLocation(), phone.getContentLocation());
+        compareText(offset, "the Content-ID" + ofPart, sent.getContentID(), phone.getContentID());
+        if (sent.getPartFlags() != phone.getPartFlags())
+            add(offset, QStringLiteral("the phone reads the request for consent%1 otherwise").arg(ofPart));
         if (sent.getBodyData() != phone.getBodyData())
             add(offset, QStringLiteral("the phone reads the data of part %1 otherwise%2")
                             .arg(number, causeOfData(wire)));
