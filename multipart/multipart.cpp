@@ -169,7 +169,7 @@ QString MMS_COMP_SMILMultipart::createUniqueLocation(const QString& name) const 
 }
 
 QString MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(const QString& extension) const {
-    return PartNames(parts_).uniqueAttachmentLocation(extension);
+    return PartNames(parts_).uniqueAttachmentLocation(dotted(extension));
 }
 
 // ---- presentation part and attachments ----

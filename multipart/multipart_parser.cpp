@@ -9,6 +9,7 @@
 #include "platform/mime/email_util.h"
 #include "platform/utility/msg_header_base.h"
 #include "util/mms_comp_util.h"
+#include "util/unique_name.h"
 
 #include <QHash>
 #include <QStringBuilder>
@@ -40,16 +41,16 @@ QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
     return params;
 }
 
-/// The file extensions of media types, each looked up once: the registry takes its time, and most parts of a
-/// body are of a few types.
-class Extensions {
+/// What the file names of media types end with, each looked up once: the registry takes its time, and most
+/// parts of a body are of a few types.
+class Suffixes {
 public:
     const QString& of(const MMS_COMP_SMILMultipartBodypart& part) {
         const std::pair type(part.getContentType(), part.getSubType());
-        QString& extension = found_[type];
-        if (extension.isNull()) // not looked up yet; a type without one has an empty text
-            extension = MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type.first, type.second);
-        return extension;
+        QString& suffix = found_[type];
+        if (suffix.isNull()) // not looked up yet; a type without one has an empty text
+            suffix = dotted(MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type.first, type.second));
+        return suffix;
     }
 
 private:
@@ -155,13 +156,13 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
     if (!body)
         return;
     std::optional<PartNames> names; // gathered for the first part without a location
-    Extensions extensions;
+    Suffixes suffixes;
     for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
         if (part->getContentLocation().isEmpty()) {
             if (!names)
                 names.emplace(body->parts_, onlyFiles(body->parts_) ? PartNames::attachmentPrefix : u"");
             const QString shown = part->getDispFileName();
-            const QString location = shown.isEmpty() ? names->uniqueAttachmentLocation(extensions.of(*part))
+            const QString location = shown.isEmpty() ? names->uniqueAttachmentLocation(suffixes.of(*part))
                                                      : names->uniqueLocation(shown);
             part->setContentLocation(location);
             names->addLocation(location);

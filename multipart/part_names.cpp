@@ -48,11 +48,11 @@ QString PartNames::uniqueLocation(const QString& name) const {
                       [this](const QString& taken) { return contains(taken); });
 }
 
-QString PartNames::uniqueAttachmentLocation(const QString& extension) {
+QString PartNames::uniqueAttachmentLocation(const QString& suffix) {
     const auto taken = [this](const QString& name) { return contains(name); };
     const auto file = [&](const QString& after) {
         return numberedName(QStringLiteral("file"), after, taken, &nextFile_[after]);
     };
-    const QString name = file(extension.isEmpty() ? extension : '.' + extension);
+    const QString name = file(suffix);
     return name.isNull() ? file(QString()) : name;
 }

@@ -25,8 +25,8 @@ public:
     QString uniqueLocation(const QString& name) const;
     /// What all names of uniqueAttachmentLocation() begin with.
     static constexpr QStringView attachmentPrefix = u"file";
-    /// What MMS_COMP_SMILMultipart::createUniqueAttchmentLocation() gives.
-    QString uniqueAttachmentLocation(const QString& extension);
+    /// What MMS_COMP_SMILMultipart::createUniqueAttchmentLocation() gives, for an extension with its dot.
+    QString uniqueAttachmentLocation(const QString& suffix);
 
 private:
     const QStringView prefix_;

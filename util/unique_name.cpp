@@ -3,6 +3,8 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <charconv>
+#include <limits>
 
 namespace {
 
@@ -31,15 +33,19 @@ QString cutBase(const QString& base, const QString& ext) {
     return base.left(std::max<qsizetype>(longestMadeName - ext.size(), 0));
 }
 
+QString dotted(const QString& ext) {
+    return ext.isEmpty() ? ext : '.' + ext;
+}
+
 QString numberedName(const QString& before, const QString& after, const NameTaken& taken, int* number) {
     int fromZero = 0;
-    constexpr qsizetype digits = 10; // of an int
+    char digits[std::numeric_limits<int>::digits10 + 1];
     QString name;
-    name.reserve(before.size() + digits + after.size());
+    name.reserve(before.size() + qsizetype(sizeof digits) + after.size());
     name += before;
     for (int& n = number ? *number : fromZero;; ++n) {
         name.truncate(before.size());
-        name += QString::number(n);
+        name += QLatin1String(digits, std::to_chars(std::begin(digits), std::end(digits), n).ptr);
         name += after;
         if (!isUsableName(name))
             return QString();
@@ -53,7 +59,7 @@ QString uniqueName(const QString& base, const QString& ext, const QString& first
     const auto isFree = [&taken](const QString& name) { return isUsableName(name) && !taken(name); };
     if (isFree(first))
         return first;
-    QString name = numberedName(base + '_', ext.isEmpty() ? ext : '.' + ext, taken);
+    QString name = numberedName(base + '_', dotted(ext), taken);
     if (!name.isNull())
         return name;
     for (const QString& bare : {bareBase.left(longestMadeName), QStringLiteral("renamed")}) {

@@ -17,6 +17,9 @@ bool isUsableName(const QString& name);
 /// The base, cut so that it and the extension have at most longestMadeName characters.
 QString cutBase(const QString& base, const QString& ext);
 
+/// What an extension adds to a name: a dot and the extension, or nothing for an empty one.
+QString dotted(const QString& ext);
+
 /// The first of before0after, before1after, ... that is not taken; null when such names are not
 /// usable. With `number` the search begins at that number and leaves there where it ended.
 QString numberedName(const QString& before, const QString& after, const NameTaken& taken,
