@@ -97,6 +97,22 @@ TEST_F(ReadingTest, BothReadingsSayTheSameOfSoundMessages) {
     }
 }
 
+TEST_F(ReadingTest, ShowsReadReports) {
+    for (const auto& [type, name] : {std::pair{"8C 87", "rec"}, std::pair{"8C 88", "orig"}}) {
+        const Outcome run =
+            lummms({"show", write("m.mms", octets(type) + octets("8D 92 8B") + zeroed("id7") + octets("97") +
+                                               zeroed("+1/TYPE=PLMN") + octets("89 0E 80") +
+                                               zeroed("+2/TYPE=PLMN") + DATE + octets("9B 81"))});
+        EXPECT_EQ(run.out, QByteArray("Header\n  Message-Type            m-read-") + name +
+                               "-ind\n  MMS-Version             1.2\n  Message-ID              id7\n"
+                               "  Date                    2014-05-12 07:30:52\n"
+                               "  From                    +2 (phone number)\n"
+                               "  To                      +1 (phone number)\n"
+                               "  Read-Status             Deleted without being read\n");
+        EXPECT_EQ(run.status, 0) << run.err.constData();
+    }
+}
+
 TEST_F(ReadingTest, DumpsEveryItem) {
     const QString file = write("m.mms", rich());
     const Outcome text = lummms({"dump", file});

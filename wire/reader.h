@@ -58,7 +58,8 @@ public:
     MMS_WIRE_Item field(int code) const;
     /// The Message-Type octet of the first such field; -1 without one.
     int messageType() const;
-    /// The body, or the null item when nothing follows the header.
+    /// The body, or the null item when nothing follows the header; a multipart without its count of parts is
+    /// an empty item with a problem.
     MMS_WIRE_Item body() const;
     /// The parts of the body in order; one for a body that is no multipart, none without a body.
     QList<MMS_WIRE_Part> parts() const;
