@@ -107,6 +107,9 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
     const std::pair<QStringList, const char*> rows[] = {
         {{}, "no command"},
         {{"dance"}, "dance: no such command"},
+        {{"--version", "show"}, "'show'"},
+        {{"help", "show", "me"}, "'me'"},
+        {{"show", ""}, "file name is empty"},
         {{"show", "--loud", "x"}, "unknown option '--loud'"},
         {{"show"}, "FILE is missing"},
         {{"smil", "a", "b"}, "'b'"},

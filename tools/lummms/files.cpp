@@ -15,6 +15,8 @@ namespace {
 constexpr qsizetype MOST_OF_PIPE = 64 * 1024 * 1024;
 
 QString whyNotOpened(const QString& path) {
+    if (path.isEmpty())
+        return QStringLiteral("a file name is empty");
     const QFileInfo info(path);
     if (!info.exists())
         return QStringLiteral("no such file");

@@ -150,10 +150,16 @@ int runNamed(QStringList arguments) {
         return EXIT_DONE;
     }
     if (wantsHelp) {
-        name = arguments.first();
-        arguments = {QStringLiteral("--help")};
+        name = arguments.takeFirst();
+        arguments.prepend(QStringLiteral("--help"));
     }
-    if (name == QLatin1String("--version")) {
+    const bool wantsVersion = name == QLatin1String("--version");
+    if ((wantsVersion && !arguments.isEmpty()) || (wantsHelp && arguments.size() > 1)) {
+        complain(QString(),
+                 QStringLiteral("unexpected argument '%1' (see lummms help)").arg(arguments.last()));
+        return EXIT_UNUSABLE;
+    }
+    if (wantsVersion) {
         print(QStringLiteral("lummms " LUM_VERSION "\n"));
         return EXIT_DONE;
     }
