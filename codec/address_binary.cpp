@@ -14,18 +14,18 @@ bool canBeSent(const MMS_UTIL_Entry& entry) {
 
 QString wireText(const MMS_UTIL_Entry& entry) {
     QString address = entry.getAddress();
-    address.truncate(upToZero(address).size()); // copies nothing where there is no zero
+    address.truncate(upToZero(address).size()); // copies only when there is a zero
     return entry.getType() == MMS_UTIL_Entry::PLMN ? address + phoneSuffix : address;
 }
 
-/// Whether a text can be sent as a Text-string. A receiver reads a first octet below 32 as the length of the
-/// other form, and what follows behind that length as further headers.
+/// Whether a text may be sent as a Text-string. A first octet below 32 would be read as a length, and the
+/// rest as further header fields.
 bool isTextString(const QString& text) {
     return isAscii(text) && (text.isEmpty() || text.front() >= u' ');
 }
 
-/// The position of the suffix of phone numbers, or -1. Most addresses have at most one "/", which is found
-/// faster than the whole suffix.
+/// The position of the suffix of phone numbers, or -1. Searches for "/" first, which is faster than for the
+/// whole suffix.
 qsizetype findPhoneSuffix(const QString& text) {
     const qsizetype slash = text.indexOf('/');
     return slash < 0 ? slash : text.indexOf(phoneSuffix, slash);

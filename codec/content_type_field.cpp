@@ -20,12 +20,12 @@ constexpr unsigned char relatedMultipart = 0x33; // application/vnd.wap.multipar
 constexpr unsigned char typeToken = 0x09;        // WSP well-known parameters
 constexpr unsigned char startToken = 0x0A;
 constexpr unsigned char doubleQuote = 0x22;
-constexpr unsigned char strayOctet = 0xC2; // some senders write the media octet as UTF-8: C2 B3
+constexpr unsigned char strayOctet = 0xC2; // some senders write the media octet B3 as UTF-8: C2 B3
 
 constexpr QLatin1StringView applicationId("Application-ID");
 constexpr QLatin1StringView replyApplicationId("Reply-To-Application-ID");
 constexpr QLatin1StringView distributionIndicator("DistributionIndicator");
-/// The parameters known by name, in the order in which they are put into the parameter text.
+/// The parameters recognised by name, in their order in the parameter text.
 constexpr QLatin1StringView namedParameters[] = {applicationId, replyApplicationId, distributionIndicator};
 
 QString valueOf(const QString& params, const QString& key) {
@@ -42,12 +42,12 @@ int utf8Size(const QString& text) {
     return static_cast<int>(isAscii(sent) ? sent.size() : sent.toUtf8().size());
 }
 
-/// A content type in its encoding.
+/// A content type split into what is encoded.
 struct WireType {
     explicit WireType(const MMS_CONTENT_TYPE_T& type)
         : code(MMS_UTIL_Common::mimeTypeGetValue(type.type, type.subType)),
           isShort(!isRelated() && type.parameters.isEmpty()) {
-        if (type.parameters.contains(u'-')) { // as the names of both have it
+        if (type.parameters.contains(u'-')) { // both parameter names have a "-"
             appId = ContentTypeField::appIDOf(type.parameters);
             replyId = ContentTypeField::replyAppIDOf(type.parameters);
         }
@@ -59,11 +59,11 @@ struct WireType {
 
     bool isRelated() const { return code == relatedMultipart; }
 
-    /// The Value-length. It does not count the quote octets that the texts may get.
+    /// The Value-length. Quote octets in front of the texts are not counted.
     int announcedLength() const {
         int length = 1;
         if (isRelated())
-            length += utf8Size(mprt) + utf8Size(start) + 4; // two tokens, two closing zeros
+            length += utf8Size(mprt) + utf8Size(start) + 4; // plus two tokens and two closing zeros
         if (!appId.isEmpty())
             length += utf8Size(appId) + static_cast<int>(applicationId.size()) + 2;
         if (!replyId.isEmpty())
@@ -107,7 +107,7 @@ public:
         return result;
     }
 
-    /// Stores the parameters as text, unless there were none or the input ended inside them.
+    /// Stores the parameters as text; nothing without parameters or when the input ended inside them.
     void store(QString* params) const {
         if (!complete_)
             return;
@@ -130,11 +130,11 @@ private:
         return result;
     }
 
-    /// A parameter given by its name. Of an unknown one a single octet is skipped, which counts twice:
-    /// once as a token and once as the beginning of a name.
+    /// Reads a parameter given by name. Of an unknown one a single octet is skipped, and counted twice: as a
+    /// token and as the first octet of a name.
     unsigned char readNamed() {
         const int begin = buffer_->getPosition();
-        if (nameEnd_ < begin) // search the end of the name once, not from each of its octets
+        if (nameEnd_ < begin) // the name's end is searched once, not from each octet
             findNameEnd();
         const bool quoted = *buffer_->rest() == 0x7F;
         const QLatin1StringView name(reinterpret_cast<const char*>(buffer_->rest()) + (quoted ? 1 : 0),
@@ -184,7 +184,7 @@ unsigned char ContentTypeField::readFrom(LinearBuffer* buffer, MMS_CONTENT_TYPE_
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     const unsigned char first = *buffer->rest();
-    if (first > 0x80) { // 0x80 itself is no media code here but a Value-length of 128
+    if (first > 0x80) { // 0x80 itself is read as a Value-length of 128
         buffer->skip(1);
         MMS_UTIL_Common::mimeTypeGetName(first & 0x7F, out->type, out->subType);
         return CODEC_READ;
@@ -221,7 +221,7 @@ unsigned char ContentTypeField::writeTo(LinearBuffer* buffer, const MMS_CONTENT_
     ValueLengthBinary::writeTo(buffer, wire.announcedLength());
     buffer->appendByte(media);
     if (wire.isRelated()) {
-        buffer->appendByte(startToken | 0x80); // before the type: receivers of this family expect this order
+        buffer->appendByte(startToken | 0x80); // "start" comes before "type", as receiving phones expect
         PlainTextBinary::writeTo(buffer, wire.start);
         buffer->appendByte(typeToken | 0x80);
         PlainTextBinary::writeTo(buffer, wire.mprt);

@@ -18,7 +18,7 @@ HeaderField row(FIELD_CODE code, const char* name) {
     return {code, name, &codec<Field>, []() -> FieldBase* { return new Field; }};
 }
 
-/// Every field by its place in the presence word.
+/// All fields, in the order of their bits in the presence word.
 const HeaderField fields[] = {
     row<BccField>(FIELD_BCC, "Bcc"),
     row<CcField>(FIELD_CC, "Cc"),

@@ -69,7 +69,7 @@ unsigned char UIntBinary::readFrom(LinearBuffer* buffer, int* out) {
 }
 
 unsigned char UIntBinary::writeTo(LinearBuffer* buffer, int value) {
-    constexpr int groups = 5; // of seven bits in 32
+    constexpr int groups = 5; // of seven bits each, for 32 bits
     unsigned char octets[groups];
     for (int i = groups - 1; i >= 0; --i, value >>= 7)
         octets[i] = octet((value & 0x7F) | (i < groups - 1 ? 0x80 : 0));
@@ -81,7 +81,7 @@ unsigned char UIntBinary::writeTo(LinearBuffer* buffer, int value) {
 }
 
 int UIntBinary::sizeOf(int value) {
-    if (value < lengthQuote) // the smallest value that ever follows a Length-quote
+    if (value < lengthQuote) // a shorter value never follows a Length-quote
         return 1;
     int size = 0;
     for (; value; value >>= 7)

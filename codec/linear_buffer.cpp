@@ -7,7 +7,7 @@ namespace {
 
 static_assert(sizeof(long long) > sizeof(int), "a position and a step add up in a long long");
 
-/// Whether `n` octets are left; not even none behind the end, where the lenient read leads.
+/// Whether `n` octets are left. False behind the end, where readByte() can lead, even for none.
 bool fits(const LinearBuffer& buffer, int n) {
     return n >= 0 && n <= buffer.getLength() - buffer.getPosition();
 }

@@ -46,8 +46,8 @@ constexpr int retrieveConfOrder[] = {FIELD_MESSAGE_TYPE,
                                      FIELD_CONTENT_TYPE};
 constexpr int acknowledgeOrder[] = {FIELD_MESSAGE_TYPE, FIELD_TRANSACTION_ID, FIELD_MMS_VERSION,
                                     FIELD_REPORT_ALLOWED};
-// Unlike the others, a delivery report has the version before the transaction id, and is written with that
-// id, although a received one must have a Message-ID.
+// In a delivery report, unlike other types, the version comes before the transaction id. It is written with a
+// transaction id, although a received one must have a Message-ID instead.
 constexpr int deliveryOrder[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION, FIELD_TRANSACTION_ID,
                                  FIELD_TO,           FIELD_DATE,        FIELD_STATUS};
 

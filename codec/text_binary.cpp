@@ -15,8 +15,7 @@ namespace {
 constexpr unsigned char quote = 127;
 constexpr int utf8Mib = 106;
 
-/// The octets of a text in UTF-8, without the closing zero. ASCII, as most of a header is, is copied
-/// straight from the text.
+/// A text in UTF-8 without its closing zero. ASCII, the usual case, is not converted first.
 class WireText {
 public:
     explicit WireText(QStringView text)
@@ -46,7 +45,7 @@ private:
     }
 
     QStringView text_;
-    QByteArray utf8_; // null for ASCII
+    QByteArray utf8_; // null when the text is ASCII
     bool quoted_;
 };
 
@@ -66,7 +65,8 @@ unsigned char PlainTextBinary::readFrom(LinearBuffer* buffer, QString* out) {
 }
 
 unsigned char PlainTextBinary::writeTo(LinearBuffer* buffer, const QString& text) {
-    // text behind a zero would be read as the next header: a sender could add recipients to the reply
+    // text behind a zero would be read as further header fields: a received text could add recipients to a
+    // reply
     WireText(upToZero(text)).appendTo(buffer);
     return CODEC_WRITTEN;
 }
@@ -94,7 +94,7 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer* buffer, QString* out) 
     if (count < 0)
         return CODEC_MALFORMED;
     count -= buffer->getPosition() - charsetAt;
-    const unsigned char* block = buffer->skip(count); // null for a negative count, too
+    const unsigned char* block = buffer->skip(count); // null for a negative count too
     if (!block)
         return CODEC_MALFORMED;
 
@@ -103,11 +103,11 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer* buffer, QString* out) 
         ++text;
         --count;
     }
-    // the position of the closing zero is counted from the quote: behind a quote the zero stays
+    // Behind a Quote this looks one octet too early: the closing zero stays in the text.
     if (count > 0 && block[count - 1] == 0)
         --count;
-    // Only the charset 0xEA in its long form (01 EA) selects UTF-8; the short form that senders use
-    // reads as 106 and takes the local charset.
+    // Only the charset 0xEA in its long form (01 EA) selects UTF-8. The short form, which senders use, is
+    // read as 106 and selects the locale's charset.
     const char* octets = reinterpret_cast<const char*>(text);
     *out = charset == 0xEA ? QString::fromUtf8(octets, count) : QString::fromLocal8Bit(octets, count);
     return CODEC_READ;
@@ -115,7 +115,7 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer* buffer, QString* out) 
 
 unsigned char EncodedStringBinary::writeTo(LinearBuffer* buffer, const QString& text) {
     const WireText wire(text);
-    ValueLengthBinary::writeTo(buffer, wire.size() + 2); // the charset and the closing zero
+    ValueLengthBinary::writeTo(buffer, wire.size() + 2); // plus the charset and the closing zero
     IntegerBinary::writeTo(buffer, utf8Mib);
     wire.appendTo(buffer);
     return CODEC_WRITTEN;

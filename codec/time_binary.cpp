@@ -26,7 +26,7 @@ int signedSeconds(qint64 seconds) {
 } // namespace
 
 qint64 SecondsBinary::of(const QDateTime& time) {
-    tzset(); // the time zone may have changed since the last message
+    tzset(); // the time zone may have changed
     const QDate date = time.date();
     const QTime clock = time.time();
     tm parts{};
@@ -64,7 +64,7 @@ int SecondsBinary::sizeOf(qint64 seconds) {
 }
 
 int SecondsBinary::sizeOf(const QDateTime& time) {
-    // Saves a look-up of the time zone: in any zone, moments of these years take four octets.
+    // In any time zone, dates of these years take four octets; skipping of() saves a time zone look-up.
     constexpr int firstYear = 1971;
     constexpr int lastYear = 2105;
     const int year = time.date().year();
@@ -72,7 +72,7 @@ int SecondsBinary::sizeOf(const QDateTime& time) {
 }
 
 unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, unsigned int* seconds) {
-    int length = 0; // not used to bound the rest
+    int length = 0; // not used as a limit
     unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (result != CODEC_READ)
         return result;
@@ -80,7 +80,7 @@ unsigned char TimeBinary::readFrom(LinearBuffer* buffer, unsigned char* token, u
     if (!buffer->hasMore())
         return CODEC_MALFORMED;
     *token = buffer->readByte();
-    result = SecondsBinary::readFrom(buffer, seconds); // read behind an unknown token as well
+    result = SecondsBinary::readFrom(buffer, seconds); // also read behind an unknown token
     return *token == ABSOLUTE || *token == RELATIVE ? result : static_cast<unsigned char>(CODEC_MALFORMED);
 }
 

@@ -12,9 +12,8 @@
 
 namespace {
 
-/// Reads the name of a header that has no known code. The code was read as an integer, which may have taken
-/// more octets than the one that is stepped back: the name is what is left.
-/// Sets `field` to the codec for the value, or to null when name and value are to be skipped.
+/// Reads the name of a header without a known code. The code was read as an integer of one or more octets,
+/// but only one octet is stepped back: the name begins there.
 unsigned char readNamedHeader(LinearBuffer* buffer, const HeaderField** field) {
     buffer->rewind(1);
     QString name;
@@ -32,7 +31,7 @@ unsigned char readNamedHeader(LinearBuffer* buffer, const HeaderField** field) {
 unsigned char MMS_UA_Decoder::decodeHeader(unsigned char* data, unsigned int& length, MMS_UA_UAMsg* msg) {
     if (!msg)
         return CODEC_NO_MESSAGE;
-    msg->bodyStart = nullptr; // of a message read before, whose octets may be gone
+    msg->bodyStart = nullptr; // may point into octets of an earlier message
     msg->bodyLength = 0;
     LinearBuffer buffer(data, data ? static_cast<int>(std::min<unsigned int>(length, INT_MAX)) : 0);
     bool contentTypeSeen = false;
@@ -56,7 +55,7 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char* data, unsigned int& le
         result = field->codec->readField(&buffer, msg);
         if (result != CODEC_READ)
             return result;
-        if (code != previous) // repeated fields share one position
+        if (code != previous) // repetitions of a field share a position
             ++position;
         msg->setFieldPosition(static_cast<unsigned char>(code),
                               static_cast<unsigned char>(std::min(position, UCHAR_MAX)));

@@ -30,7 +30,7 @@ unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg* msg, unsigned char** ou
     buffer_ = LinearBuffer(octets, size);
     buffer_.zerolize();
     const unsigned char result = encodeByType(msg->messageType);
-    buffer_ = LinearBuffer(nullptr, 0); // the octets are the caller's now
+    buffer_ = LinearBuffer(nullptr, 0); // the array belongs to the caller now
     return result;
 }
 
@@ -67,7 +67,7 @@ int MMS_UA_Encoder::sizeOfField(int code) const {
 }
 
 bool MMS_UA_Encoder::isWritten(int code) const {
-    if (code == FIELD_MMS_VERSION || code == FIELD_FROM) // never left out
+    if (code == FIELD_MMS_VERSION || code == FIELD_FROM) // always written
         return true;
     const int slot = presenceSlot(code);
     return slot >= 1 && slot <= 32 && (present_ & presenceBit(code)) != 0;

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Whether a time is empty: no date, and no time of day or midnight, as a time made of zeros has.
+/// Whether a time is empty: no date, and no time of day or midnight (a time made of zeros).
 bool isNull(const QDateTime& time) {
     return time.date().isNull() && time.time().msecsSinceStartOfDay() == 0;
 }
@@ -53,7 +53,7 @@ void MMS_UA_UAMsg::setDistributionInd(bool on) {
 }
 
 void MMS_UA_UAMsg::setPromptInd(bool on) {
-    constexpr unsigned int promptBit = 0x2000000; // stands for no header field
+    constexpr unsigned int promptBit = 0x2000000; // no header field has this bit
     present |= promptBit;
     Base::setPromptInd(on);
 }

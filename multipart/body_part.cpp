@@ -13,7 +13,7 @@
 
 namespace {
 
-// Sub-bodies within sub-bodies in a record: as deep as the multipart reader makes them.
+// The deepest nesting of sub-bodies that is read from a record, as in the multipart reader.
 constexpr int deepestRecord = 16;
 
 } // namespace
@@ -173,7 +173,7 @@ bool MMS_COMP_SMILMultipartBodypart::setCharsetByCode(int code) {
 }
 
 int MMS_COMP_SMILMultipartBodypart::getCharsetByCode() const {
-    // looked up among the sub-types, unlike setCharsetByCode(): callers know these codes
+    // by sub-type names, unlike setCharsetByCode(): callers rely on these codes
     return EMAIL_Util::subTypeStrToEnum(charset_.toLocal8Bit());
 }
 
@@ -228,7 +228,7 @@ bool MMS_COMP_SMILMultipartBodypart::rmSubBody(unsigned int i) {
     return subBodies_.remove(static_cast<int>(i));
 }
 
-/// Whether `part` is this part or somewhere below it.
+/// Whether `part` is this part or among its sub-bodies, at any depth.
 bool MMS_COMP_SMILMultipartBodypart::holds(const MMS_COMP_SMILMultipartBodypart* part) const {
     return part == this || std::any_of(subBodies_.begin(), subBodies_.end(),
                                        [part](const auto* subBody) { return subBody->holds(part); });

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The directories from the one it begins with down to the present one, kept open.
+/// A root directory and the directories below it down to the current one, all kept open.
 class Descent {
 public:
     explicit Descent(const QByteArray& root) { open(AT_FDCWD, root, O_PATH | O_DIRECTORY | O_CLOEXEC); }
@@ -23,12 +23,12 @@ public:
             ::close(fd);
     }
 
-    /// The number of the present directory.
+    /// The file descriptor of the current directory.
     int fd() const { return fds_.last(); }
     bool isOpen() const { return !fds_.isEmpty(); }
 
-    /// Follows one step of a path, but no symbolic link. False when there is no such directory, or ".."
-    /// would leave the first one.
+    /// Enters the directory of one path component, without following symbolic links. False when there is
+    /// none, or when ".." would leave the root.
     bool go(const QByteArray& step) {
         if (step.isEmpty() || step == ".")
             return true;
@@ -52,19 +52,19 @@ private:
     QVarLengthArray<int, 8> fds_;
 };
 
-/// An ordinary file without a second hard link, which might be anywhere.
+/// Whether a file is a regular file with no second hard link, which could be outside the root.
 bool isPlainFile(const struct stat& status) {
     return S_ISREG(status.st_mode) && status.st_nlink == 1;
 }
 
-/// Opens the file for writing and empties it; -1 for anything but a plain file. Does not wait for pipes
-/// and devices of that name, and does not write to them.
+/// Opens the file for writing and truncates it; -1 for anything but a plain file. Never blocks on a pipe or
+/// device of that name, nor writes to it.
 int openPlainFile(const Descent& directory, const QByteArray& name) {
     const int fd = ::openat(directory.fd(), name.constData(),
                             O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
     if (fd < 0)
         return -1;
-    // Only the name's own status counts its names at a moment at which this one is still among them.
+    // The link count is taken by name: it then includes this name, so that 1 means that there is no other.
     struct stat opened, named;
     if (::fstat(fd, &opened) == 0 &&
         ::fstatat(directory.fd(), name.constData(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
@@ -81,8 +81,8 @@ void removePlainFile(const Descent& directory, const QByteArray& name) {
         ::unlinkat(directory.fd(), name.constData(), 0);
 }
 
-/// Writes the file `name` below the directory `root`. False, with the file removed, when it cannot be
-/// written; false, with nothing touched, when the name leads out of `root`.
+/// Writes the file `name` below the directory `root`. False when it cannot be written (the file is removed),
+/// and when the name leads out of `root` (nothing is changed).
 bool writeBelow(const QString& root, const QString& name, const QArray<char>& data) {
     if (name.contains(QChar(0)))
         return false;

@@ -13,7 +13,7 @@ BodypartList::~BodypartList() {
 
 const PartIndex* BodypartList::index() const {
     constexpr int fewParts = 64;
-    constexpr int fewSearches = 16; // an index costs about as much
+    constexpr int fewSearches = 16; // together they cost about as much as an index
     if (count() > fewParts && !index_ && ++searches_ > fewSearches)
         index_ = std::make_unique<PartIndex>(parts_);
     return index_.get();
@@ -31,7 +31,7 @@ bool BodypartList::append(MMS_COMP_SMILMultipartBodypart* part) {
 bool BodypartList::insert(int index, MMS_COMP_SMILMultipartBodypart* part) {
     if (!part)
         return false;
-    part->setOwner(this); // takes it out of this very list, too, if it is in it
+    part->setOwner(this); // also removes it from this list if it is already in it
     forgetIndex();
     return parts_.insert(index >= 0 && index < count() ? index : count(), part);
 }
@@ -51,7 +51,7 @@ bool BodypartList::remove(int index) {
 
 void BodypartList::clear() {
     forgetIndex();
-    parts_.clear(); // empty by the time that the first part is deleted and leaves it
+    parts_.clear(); // swaps the list out before deleting the parts, which call disown()
 }
 
 void BodypartList::disown(MMS_COMP_SMILMultipartBodypart* part) {

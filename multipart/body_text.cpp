@@ -8,7 +8,7 @@
 
 namespace {
 
-/// IANA MIBenum numbers of the charsets in 16-bit units.
+/// IANA MIBenum numbers of the charsets with 16-bit units.
 enum MIB : int {
     MIB_UCS_2 = 1000,
     MIB_UTF_16_BE = 1013,
@@ -16,17 +16,18 @@ enum MIB : int {
     MIB_UTF_16 = 1015,
 };
 
-/// The ranges of MIBenum numbers that are assigned. Asking for others costs time and finds nothing.
+/// The ranges of MIBenum numbers that are assigned: the codec look-up for any other is slow and finds
+/// nothing.
 constexpr struct { int first, last; } assignedMibs[] = {{3, 119}, {1000, 1021}, {2000, 2110}, {2250, 2260}};
 
-constexpr int pieceSize = 2048; // units or octets that are converted at a time
+constexpr int pieceSize = 2048; // units or octets converted at a time
 
-/// Collects UTF-16 units as UTF-8 up to the first NUL, a piece at a time, so that there is never more in
-/// memory than the result.
+/// Collects UTF-16 units as UTF-8 up to the first NUL, in pieces, so that memory use stays near the size of
+/// the result.
 class Utf8Text {
 public:
-    /// `expected` is how many octets there will be at least, unless a NUL ends them.
-    /// (The array begins with a block of its own, so that all it grows by can grow in place.)
+    /// `expected` is the least number of octets to come unless a NUL ends the text. (octets_(0) allocates a
+    /// block of its own, which can then grow in place.)
     explicit Utf8Text(qsizetype expected) : octets_(0), expected_(expected) {}
 
     /// Adds units. False when a NUL ended the text.
@@ -47,7 +48,7 @@ public:
         return end < 0 && !failed_;
     }
 
-    /// The text; the null array when there was no memory for it.
+    /// The text; the null array when memory ran out.
     QArray<char> take() {
         if (!half_.isNull())
             appendOctets(QStringView(&half_, 1).toUtf8());
@@ -57,7 +58,7 @@ public:
     }
 
 private:
-    /// Adds units, but holds the first half of a surrogate pair until the other half comes.
+    /// Adds units, but holds a high surrogate back until its low surrogate comes.
     void appendWhole(QStringView text) {
         if (!text.isEmpty() && text.back().isHighSurrogate()) {
             half_ = text.back();
@@ -93,8 +94,8 @@ QArray<char> sixteenBitText(const unsigned char* octets, int length, int mib) {
         --count;
     }
     const auto unitAt = [=](qsizetype i) {
-        // In any other order whole units are exchanged, not their octets: 1, 0, 3, 2, ... That is
-        // intended. An odd one at the end has no partner and stays.
+        // In any other byte order adjacent units are exchanged (1, 0, 3, 2, ...), not the octets of each.
+        // Deliberate. With an odd count the last unit stays.
         if (!littleEndian && (i ^ 1) < count)
             i ^= 1;
         return static_cast<char16_t>(octets[2 * i] | octets[2 * i + 1] << 8);
@@ -119,7 +120,7 @@ QArray<char> decodedText(const unsigned char* octets, int length, const QTextCod
     bool goesOn = true;
     for (int done = 0; done < length && goesOn; done += pieceSize)
         goesOn = text.append(codec.toUnicode(data + done, std::min(length - done, pieceSize), &state));
-    if (goesOn && state.remainingChars > 0) { // of a character that is cut
+    if (goesOn && state.remainingChars > 0) { // the text ends inside a character
         const QChar replacement = QChar::ReplacementCharacter;
         text.append(QStringView(&replacement, 1));
     }

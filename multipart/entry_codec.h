@@ -11,14 +11,14 @@ class LinearBuffer;
 class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
 
-// The inside of the multipart codec: one entry, and a count with that many entries.
+// Internals of the multipart codec: one entry, and a list of entries with its count.
 
-/// Takes a part that was read.
+/// Receives each part that was read.
 using PartReceiver = std::function<void(std::unique_ptr<MMS_COMP_SMILMultipartBodypart>)>;
 
-/// Reads the count and the entries of a body; `depth` is 0 for a body that is in no other. Parts are
-/// handed on as they come; `charsets` are those of the whole message. CODEC_READ, or the result of the entry
-/// that could not be read.
+/// Reads the count and the entries of a body. `depth` is 0 for the body of the message and one more for each
+/// multipart around an entry. Parts are passed on as they are read; `charsets` is shared by the whole
+/// message. CODEC_READ, or the result of the entry that could not be read.
 unsigned char readEntries(LinearBuffer* in, int depth, Charsets& charsets, const PartReceiver& receive);
 
 /// Reads one entry of a body at that depth.
@@ -28,19 +28,18 @@ unsigned char readEntry(LinearBuffer* in, int depth, Charsets& charsets,
 /// Writes an entry: CODEC_WRITTEN, or CODEC_REFUSED when there is no room.
 unsigned char writeEntry(LinearBuffer* out, const MMS_COMP_SMILMultipartBodypart& part);
 
-/// A body on its way out. The heads of its entries are made once, for the size and for the octets.
+/// A body to be encoded. The heads of its entries are made once, for the size and for the octets.
 class BodyOutput {
 public:
-    /// The body must outlive the output and not change meanwhile.
+    /// The caller keeps the body and does not change it while the output is in use.
     explicit BodyOutput(MMS_COMP_SMILMultipart* body);
 
-    /// The octets that writeTo() writes, given as many.
+    /// Number of octets that writeTo() writes when it is given as many.
     qint64 size() const { return size_; }
-    /// The octets that a body may not reach when it is sent: what the phone allows for a message, and more
-    /// when the payloads need it.
+    /// The size that an encoded body must stay below: the phone's limit for a message, or more when the
+    /// payloads need it.
     qint64 room() const { return room_; }
-    /// Writes the count and all entries, up to the first that has no room: CODEC_WRITTEN or
-    /// CODEC_REFUSED.
+    /// Writes the count and the entries, up to the first that does not fit: CODEC_WRITTEN or CODEC_REFUSED.
     unsigned char writeTo(LinearBuffer* out) const;
 
 private:
@@ -49,8 +48,8 @@ private:
         int headLength;
     };
 
-    QVarLengthArray<unsigned char, 1024> heads_; // one behind the other
+    QVarLengthArray<unsigned char, 1024> heads_; // the encoded heads, one after another
     QVarLengthArray<Entry, 16> parts_;
-    qint64 size_ = 1; // the count
+    qint64 size_ = 1; // begins with the octet of the count
     qint64 room_;
 };

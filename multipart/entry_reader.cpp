@@ -17,17 +17,17 @@
 
 namespace {
 
-// Multiparts within multiparts: far more than any phone sends, few enough for every stack.
+// The deepest nesting of multiparts: far more than phones send, and safe for a small stack.
 constexpr int deepestMultipart = 16;
 
-// The longest Content-Location that is read, in octets without the closing NUL: names of files are shorter,
-// and a part is looked up by its name again and again.
+// The longest Content-Location that is read, in octets without the closing NUL. File names are shorter, and
+// linking compares locations many times.
 constexpr int longestLocation = 1024;
 
-// The name as it stands on the wire, its closing NUL included.
+// The header's name on the wire, which includes its closing NUL.
 constexpr char userPromptHeader[] = "X-Mms-UserPrompt";
 
-/// Reads one entry. What the headers say about the data is kept until the data is reached.
+/// Reads one entry. What the headers say about the data is kept until the data are read.
 class EntryReader {
 public:
     EntryReader(LinearBuffer* in, int depth, Charsets& charsets, MMS_COMP_SMILMultipartBodypart* part)
@@ -81,11 +81,11 @@ unsigned char EntryReader::readContentType() {
     if (length < 0 || length > in_->restLength())
         return CODEC_MALFORMED;
     const int end = in_->getPosition() + length;
-    result = readMediaType(); // even if the length leaves no room for it
+    result = readMediaType(); // read even if the length is 0
     return result == CODEC_READ ? readParameters(end) : result;
 }
 
-/// The media type, a number or spelt out, at the beginning of a content-type value.
+/// Reads the media type, a number or a text, at the beginning of a content-type value.
 unsigned char EntryReader::readMediaType() {
     if (!in_->hasMore())
         return CODEC_MALFORMED;
@@ -110,10 +110,10 @@ unsigned char EntryReader::readMediaType() {
     return CODEC_READ;
 }
 
-/// The parameters behind the media type. No further one begins at `end` or behind it, but one that has
-/// begun before is read whole: senders get the length of the value wrong.
+/// Reads the parameters behind the media type. None is begun at `end` or later, but one begun before it is
+/// read whole: senders get the value's length wrong.
 unsigned char EntryReader::readParameters(int end) {
-    QString texts[2]; // name and value in turn
+    QString texts[2]; // read in turn: a name, its value
     bool isValue = false;
     unsigned char result = CODEC_READ;
     while (result == CODEC_READ && in_->getPosition() < end) {
@@ -127,7 +127,8 @@ unsigned char EntryReader::readParameters(int end) {
             in_->skip(1);
             QString location = QStringLiteral("");
             result = PlainTextBinary::readFrom(in_, &location);
-            // some senders put this in front of a name, in place of an opening quote
+            // some senders begin a name with this text instead of a quote; one character is dropped at each
+            // end
             if (location.startsWith(QLatin1String(")&&locStr.endsWith(")))
                 location = location.sliced(1).chopped(1);
             part_->setContentLocation(location);
@@ -171,7 +172,7 @@ unsigned char EntryReader::readLocation() {
     const int length = end ? static_cast<int>(end - text) : room;
     if (length > longestLocation)
         return CODEC_MALFORMED;
-    // as a rule it is the name in the content type once more
+    // usually the same name as in the content type
     const QString name = part_->getContentLocation();
     if (name != QLatin1String(text, length) || !isAscii(name))
         part_->setContentLocation(QString::fromUtf8(text, length));
@@ -179,9 +180,9 @@ unsigned char EntryReader::readLocation() {
     return end ? CODEC_READ : CODEC_MALFORMED;
 }
 
-/// The header that asks for the user's consent, or the first octet of one that is not known. Those
-/// are passed over octet by octet: what looks like a known header inside them is taken for one, which
-/// is how the reader finds its way again.
+/// Reads X-Mms-UserPrompt, or skips one octet of an unknown header. Unknown headers are skipped octet by
+/// octet, so that the reader finds the next known one; octets inside them that look like a known header are
+/// read as one.
 unsigned char EntryReader::readUserPrompt() {
     constexpr int nameLength = sizeof userPromptHeader;
     const unsigned char* header = in_->rest();
@@ -208,7 +209,7 @@ unsigned char EntryReader::readData(int length) {
         return storeData(data, length);
     if (depth_ == deepestMultipart)
         return CODEC_MALFORMED;
-    LinearBuffer nested(const_cast<unsigned char*>(data), length); // only read from
+    LinearBuffer nested(const_cast<unsigned char*>(data), length); // is only read
     return readEntries(&nested, depth_ + 1, charsets_,
                        [this](auto part) { part_->setSubBody(part.release(), -1); });
 }

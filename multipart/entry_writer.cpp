@@ -14,15 +14,15 @@
 
 namespace {
 
-// The room for content type and headers of one part, the same however long its names are. What does not fit
-// is left out.
+// The room for content type and headers of one part. It does not grow with its names: what does not fit is
+// left out.
 constexpr int headerRoom = 1024;
-// The room for the headers of all parts, beside their payloads.
+// The room for the headers of all parts.
 constexpr qint64 roomForHeaders = 4096;
-constexpr int roomForLengths = 16; // of the three lengths in front, with five octets each at the most
+constexpr int roomForLengths = 16; // for the three lengths in front, at most five octets each
 
-/// The head of an entry as octets: the lengths of headers and data, the length of the content type, the
-/// content type, the headers.
+/// The encoded head of an entry: the lengths of headers and data, the length of the content type, the content
+/// type, the headers.
 class EntryHead {
 public:
     explicit EntryHead(const MMS_COMP_SMILMultipartBodypart& part) {
@@ -55,13 +55,14 @@ private:
         writeText(PARAMETER_NAME, part.getContentLocation());
         if (code == MEDIA_TEXT_PLAIN || code == MEDIA_OTHER_TEXT) {
             buffer_.appendByte(PARAMETER_CHARSET);
-            // a part that names its charset is labelled US-ASCII, whatever the name; a part without one
-            // is labelled UTF-8: deliberately this way round
+            // A part with a charset is labelled US-ASCII, whatever the charset; a part without one is
+            // labelled UTF-8. Deliberate.
             buffer_.appendByte(part.getCharset().isEmpty() ? charsetUtf8 : charsetUsAscii);
         }
     }
 
-    /// The location is written twice, because phones look for it in either place.
+    /// Writes the headers. The location is written twice, because some phones read one header and some the
+    /// other.
     void writeHeaders(const MMS_COMP_SMILMultipartBodypart& part) {
         const QString id = part.getContentID();
         if (id.startsWith('<')) {
@@ -83,13 +84,13 @@ private:
 
     unsigned char octets_[roomForLengths + headerRoom];
     LinearBuffer buffer_{octets_ + roomForLengths, headerRoom};
-    int lengthsSize_ = 0; // of the lengths, which stand right before the content type
+    int lengthsSize_ = 0; // of the lengths, which end right before the content type
 };
 
-/// The finished head, and the part's payload behind it.
+/// Writes the finished head, then the part's payload.
 unsigned char writeOctets(LinearBuffer* out, const unsigned char* head, int headLength,
                           const MMS_COMP_SMILMultipartBodypart& part) {
-    // The length that the head announces counts sub-bodies; what follows is the part's own payload alone.
+    // The length in the head counts sub-bodies too, but only the part's own payload is written.
     const QArray<char>& data = part.getBodyData();
     const bool written =
         out->appendData(head, headLength) && data.size() <= out->restLength() &&
@@ -120,7 +121,7 @@ BodyOutput::BodyOutput(MMS_COMP_SMILMultipart* body) {
 }
 
 unsigned char BodyOutput::writeTo(LinearBuffer* out) const {
-    // One octet, although more than 255 parts may follow: phones read it as an octet.
+    // The count is one octet, taken modulo 256, even for more parts: phones read a single octet.
     out->appendByte(static_cast<unsigned char>(parts_.size() & 0xFF));
     const unsigned char* head = heads_.data();
     for (const Entry& entry : parts_) {

@@ -13,8 +13,8 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-// What EMAIL_Util calls TYPE_APPLICATION and SUBTYPE_WAP_MULTIPART_RELATED, without a search in its tables
-// for every container that is made.
+// EMAIL_Util's TYPE_APPLICATION and SUBTYPE_WAP_MULTIPART_RELATED as constants, which saves a table look-up
+// for each new container.
 QString typeName() {
     return QStringLiteral("application");
 }
@@ -43,7 +43,7 @@ void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart& other) {
     mimeType_ = other.mimeType_;
     mimeSubType_ = other.mimeSubType_;
     start_ = other.start_;
-    const int count = other.getPartCount(); // the other may be this one
+    const int count = other.getPartCount(); // `other` may be this container
     for (int i = 0; i < count; ++i)
         if (!parts_.append(new (std::nothrow) Part(*other.parts_.at(i))))
             return;
@@ -53,7 +53,7 @@ void MMS_COMP_SMILMultipart::clear() {
     mimeType_ = typeName();
     mimeSubType_ = relatedName();
     start_ = QStringLiteral("");
-    extType_ = QStringLiteral(""); // not the "application/smil" of a new container
+    extType_ = QStringLiteral(""); // a new container has "application/smil" instead
     parts_.clear();
 }
 
@@ -92,7 +92,7 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString& src) {
 }
 
 int MMS_COMP_SMILMultipart::deletePartLike(const MMS_COMP_SMILMultipartBodypart& part) {
-    const QString location = part.getContentLocation(); // stays when the part goes
+    const QString location = part.getContentLocation(); // a copy: the part may be deleted
     return location.isEmpty() ? ERR_NO_PART : deletePartsMeant(PartReference(part));
 }
 
@@ -213,7 +213,7 @@ void MMS_COMP_SMILMultipart::isContainAttachImgAudio(bool* attachment, bool* ima
         bool* found;
         const char* type;
     } media[] = {{image, "image"}, {audio, "audio"}, {video, "video"}};
-    // includes the presentation part; the type is compared in lower case only
+    // The presentation part counts too. The type is compared with its case: "Image" is not found.
     for (const auto& kind : media)
         if (kind.found)
             *kind.found = std::any_of(parts_.begin(), parts_.end(), [&kind](const Part* part) {
@@ -225,7 +225,7 @@ int MMS_COMP_SMILMultipart::indexOfUPIPart() const {
     const auto found = std::find_if(parts_.begin(), parts_.end(), [](const Part* part) {
         return part->getPartFlags() & Part::FLAG_USER_PROMPT;
     });
-    return static_cast<int>(found - parts_.begin()); // the count, where no part is, for none
+    return static_cast<int>(found - parts_.begin()); // the count when no part has the flag
 }
 
 bool MMS_COMP_SMILMultipart::isContainUPI() const {

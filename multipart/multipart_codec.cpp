@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr qint64 mostOctets = std::numeric_limits<int>::max(); // that a LinearBuffer counts
+constexpr qint64 mostOctets = std::numeric_limits<int>::max(); // limit of LinearBuffer
 
 /// Reads a body from the caller's octets.
 unsigned char readBody(unsigned char* data, unsigned int len, const PartReceiver& receive) {
@@ -39,7 +39,7 @@ unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipa
     if (!body || !out || !outLen)
         return CODEC_REFUSED;
     const BodyOutput output(body);
-    const qint64 room = std::min(output.room(), output.size()); // no more than is written
+    const qint64 room = std::min(output.room(), output.size()); // allocates no more than is written
     auto* octets = room <= mostOctets ? new (std::nothrow) unsigned char[static_cast<size_t>(room)] : nullptr;
     if (!octets)
         return CODEC_REFUSED;
@@ -49,7 +49,7 @@ unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipa
     if (result != CODEC_WRITTEN)
         return result;
     *outLen = static_cast<unsigned int>(buffer.getPosition());
-    return output.size() < output.room() ? CODEC_WRITTEN : CODEC_REFUSED; // room that is full is too small
+    return output.size() < output.room() ? CODEC_WRITTEN : CODEC_REFUSED; // a full output is refused too
 }
 
 unsigned char MMS_UA_MultiPart_CODEC::decodeMultipart(bool, unsigned char* data, unsigned int len,

@@ -20,7 +20,7 @@
 
 namespace {
 
-/// Where "name=" begins in a text of parameters, also as the end of a longer name; -1 when absent.
+/// The position of "name=" in a parameter text, -1 when absent. It also matches the end of a longer name.
 qsizetype findParam(QStringView params, QStringView name) {
     qsizetype at = params.indexOf(name);
     while (at >= 0 && !params.sliced(at + name.size()).startsWith(u'='))
@@ -28,7 +28,7 @@ qsizetype findParam(QStringView params, QStringView name) {
     return at;
 }
 
-/// The items "name=value" that are not empty, joined by ";".
+/// The pairs with a value, as "name=value" joined by ";".
 QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
     QString params;
     for (const auto& [name, value] : items) {
@@ -41,14 +41,14 @@ QString joined(std::initializer_list<std::pair<QLatin1String, QString>> items) {
     return params;
 }
 
-/// What the file names of media types end with, each looked up once: the registry takes its time, and most
-/// parts of a body are of a few types.
+/// The suffix of file names of each media type, looked up once per body: the MIME database is slow, and most
+/// parts share a few types.
 class Suffixes {
 public:
     const QString& of(const MMS_COMP_SMILMultipartBodypart& part) {
         const std::pair type(part.getContentType(), part.getSubType());
         QString& suffix = found_[type];
-        if (suffix.isNull()) // not looked up yet; a type without one has an empty text
+        if (suffix.isNull()) // not looked up yet; a type without an extension has an empty text
             suffix = dotted(MMS_COMP_Util::getFirstSupportExtNameByMIMEType(type.first, type.second));
         return suffix;
     }
@@ -57,14 +57,14 @@ private:
     QHash<std::pair<QString, QString>, QString> found_;
 };
 
-/// Whether no part is to be called after its display file name.
+/// Whether every part has a Content-Location or no display file name.
 bool onlyFiles(const BodypartList& parts) {
     return std::all_of(parts.begin(), parts.end(), [](const MMS_COMP_SMILMultipartBodypart* part) {
         return !part->getContentLocation().isEmpty() || part->getDispFileName().isEmpty();
     });
 }
 
-/// The container as octets; the null array with a result other than CODEC_WRITTEN.
+/// The encoded container; the null array with a result other than CODEC_WRITTEN.
 QArray<char> encoded(MMS_COMP_SMILMultipart* body, unsigned char* result) {
     const BodyOutput output(body);
     const qint64 size = output.size();
@@ -86,7 +86,7 @@ QString MMS_COMP_SMILMultipartParser::parseStart(const QString& params) {
 }
 
 QString MMS_COMP_SMILMultipartParser::parseExtType(const QString& params) {
-    return parseParam(QStringLiteral("type"), params); // also finds the end of a longer name
+    return parseParam(QStringLiteral("type"), params); // matches the end of a longer name too
 }
 
 QString MMS_COMP_SMILMultipartParser::parseParam(const QString& name, const QString& params) {
@@ -139,7 +139,7 @@ int MMS_COMP_SMILMultipartParser::parse(const QArray<char>& data, MMS_UTIL_MsgHe
     EMAIL_Util::subTypeEnumToStr(EMAIL_Util::SUBTYPE_WAP_MULTIPART_RELATED, related);
     if (data.size() > std::numeric_limits<int>::max())
         return ERR_MALFORMED;
-    // The decoder only reads.
+    // the decoder only reads the octets
     auto* octets = reinterpret_cast<unsigned char*>(const_cast<char*>(data.data()));
     const unsigned char result = MMS_UA_MultiPart_CODEC::decodeMultipart(
         type.subType == QLatin1String(related), octets, static_cast<unsigned int>(data.size()), body);
@@ -155,7 +155,7 @@ int MMS_COMP_SMILMultipartParser::parse(const QArray<char>& data, MMS_UTIL_MsgHe
 void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
     if (!body)
         return;
-    std::optional<PartNames> names; // gathered for the first part without a location
+    std::optional<PartNames> names; // made for the first part without a location
     Suffixes suffixes;
     for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
         if (part->getContentLocation().isEmpty()) {

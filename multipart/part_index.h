@@ -7,12 +7,12 @@
 class MMS_COMP_SMILMultipartBodypart;
 class PartReference;
 
-/// The names of many parts, sorted, so that a presentation with as many references is linked in little more
-/// than linear time. Holds as long as neither the parts nor their names change.
+/// A sorted index of the names of many parts. With it, linking a presentation takes time close to linear in
+/// parts and references. Valid as long as the parts and their names stay unchanged.
 class PartIndex {
 public:
     explicit PartIndex(const QPtrList<MMS_COMP_SMILMultipartBodypart>& parts);
-    /// The first part of that file type that is meant; null if there is none.
+    /// The first part of that display file type that the reference means; null when there is none.
     MMS_COMP_SMILMultipartBodypart* find(const PartReference& reference, int fileType) const;
 
 private:

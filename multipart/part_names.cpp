@@ -17,7 +17,7 @@ PartNames::PartNames(const BodypartList& parts, QStringView prefix) : prefix_(pr
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart& part) {
     const QString reference = part.getContentID();
     const QStringView id = bareContentId(QStringView(reference).trimmed());
-    if (!id.isEmpty() && startsWithLowered(id, prefix_)) // an empty reference finds no Content-ID
+    if (!id.isEmpty() && startsWithLowered(id, prefix_)) // an empty reference matches no Content-ID
         contentIds_.insert(lowered(id.toString()));
     addLocation(part.getContentLocation());
 }
@@ -40,8 +40,8 @@ QString PartNames::uniqueLocation(const QString& name) const {
     QString base = cutBase(bareBase, ext);
     if (!QUrl(location).isValid())
         base = QStringLiteral("renamed");
-    // Without an extension the name itself comes first as it is, neither cut nor renamed; only the
-    // numbered names are. Deliberately so.
+    // Without an extension the original name comes first, neither cut nor replaced; the numbered names are
+    // made from `base`. Deliberate.
     if (!ext.isEmpty())
         location = base + '.' + ext;
     return uniqueName(base, ext, location, bareBase,

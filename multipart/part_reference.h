@@ -4,29 +4,28 @@
 
 #include <QStringView>
 
-/// The reference without the marks of a Content-ID, in this order: a "cid:" in front of a "<" is
-/// taken off, the "<" behind it stays.
+/// Removes a leading "<", a trailing ">" and then a leading "cid:". "cid:<a>" gives "<a".
 QStringView bareContentId(QStringView reference);
 
-/// Whether two references mean the same Content-ID; never, when the first is empty.
+/// Whether two references mean the same Content-ID; false when the first is empty.
 bool isSameContentId(QStringView a, QStringView b);
 
-/// A reference to body parts, made ready for being compared with many.
+/// A reference to a body part, prepared for comparison with many parts.
 class PartReference {
 public:
-    /// The text stays the caller's and must outlive the reference.
+    /// The caller keeps the text while the reference is in use.
     explicit PartReference(QStringView text);
-    /// The part's Content-Location as a reference: also a long one is made ready at once. It must not
-    /// change as long as the reference is used.
+    /// Prepares the part's Content-Location for comparison at once. It must not change while the reference is
+    /// in use.
     explicit PartReference(const MMS_COMP_SMILMultipartBodypart& part);
 
-    /// loweredKey() of the reference as it stands, and of the Content-ID that it may be.
+    /// loweredKey() of the whole reference, and of the Content-ID in it.
     quint32 textKey() const { return textKey_; }
     quint32 idKey() const { return idKey_; }
 
-    /// Whether it is the part's Content-ID or Content-Location.
+    /// Whether the reference is the part's Content-ID or Content-Location.
     bool means(const MMS_COMP_SMILMultipartBodypart& part) const {
-        // most parts are told apart by their keys: looking for one among many does little else
+        // most parts differ in their keys, so that few texts are compared
         return (part.locationKey_ == textKey_ || part.idKey_ == idKey_) && meansByName(part);
     }
 

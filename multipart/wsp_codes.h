@@ -1,6 +1,6 @@
 #pragma once
 
-/// WSP assigned numbers of a multipart entry, as they stand on the wire.
+/// WSP assigned numbers of a multipart entry, as encoded.
 enum WSP_CODE : unsigned char {
     PARAMETER_CHARSET = 0x81,
     PARAMETER_NAME = 0x85,
@@ -8,21 +8,21 @@ enum WSP_CODE : unsigned char {
     HEADER_CONTENT_ID = 0xC0,
 };
 
-/// The media numbers that are treated in their own way.
+/// Media numbers with a treatment of their own.
 enum WSP_MEDIA : int {
     MEDIA_NONE = -1, ///< the type was spelt out
     MEDIA_TEXT_PLAIN = 3,
-    MEDIA_OTHER_TEXT = 0x45,       ///< goes out with a charset, too
-    MEDIA_NESTED_MULTIPART = 0x48, ///< the data is a binary multipart itself
+    MEDIA_OTHER_TEXT = 0x45,       ///< written with a charset, like text types
+    MEDIA_NESTED_MULTIPART = 0x48, ///< the data are a binary multipart
 };
 
-/// Media numbers from this one on are spelt out when sent: many phones do not know them.
+/// From this number on media types are written as text: many phones do not know the numbers.
 constexpr int firstUnsentMedia = 0x3F;
 
 constexpr unsigned char textQuote = 0x22;       // opens a quoted string
 constexpr unsigned char octetQuote = 0x7F;      // may open a text string
-constexpr unsigned char firstTextOctet = 0x20;  // below it a length begins
+constexpr unsigned char firstTextOctet = 0x20;  // lower octets begin a length
 constexpr unsigned char shortIntegerBit = 0x80; // a number in one octet
-constexpr unsigned char charsetUtf8 = 0xEA;     // as short integers
+constexpr unsigned char charsetUtf8 = 0xEA;     // charsets are encoded as Short-integers
 constexpr unsigned char charsetUsAscii = 0x83;
 constexpr unsigned char userPromptYes = 0x80;

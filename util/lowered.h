@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <utility>
 
-/// The UTF-16 units of a text in lower case, made one after the other. Texts that are compared may be
-/// long, and be compared often: what comes behind the first difference is not looked at.
+/// The UTF-16 units of a text in lower case, one after another, without a copy. Comparing two texts ends at
+/// their first difference.
 class LoweredUnits {
 public:
     explicit LoweredUnits(QStringView text) : text_(text) {}
@@ -33,7 +33,7 @@ public:
         if (isPair)
             character = QChar::surrogateToUcs4(text_[0], text_[1]);
         text_ = text_.sliced(isPair ? 2 : 1);
-        if (character == 0x130) { // the capital I with a dot is the one letter that becomes two
+        if (character == 0x130) { // the only letter that becomes two in lower case
             second_ = 0x307;
             return u'i';
         }
@@ -46,15 +46,15 @@ public:
 
 private:
     QStringView text_;
-    char16_t second_ = 0; // of a letter that takes two units
+    char16_t second_ = 0; // the second unit of the current letter, 0 if it has none
 };
 
-/// A capital letter of ASCII in lower case; any other unit of ASCII as it is.
+/// An ASCII capital letter in lower case; any other unit unchanged.
 constexpr char16_t loweredAscii(char16_t unit) {
     return unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + (u'a' - u'A')) : unit;
 }
 
-/// A number that all texts share which are equal in lower case, and few others. 0 for the empty text.
+/// A hash of the text in lower case; 0 for the empty text.
 inline quint32 loweredKey(QStringView text) {
     quint32 key = 0;
     const auto add = [&key](int unit) { key = key * 31 + static_cast<quint32>(unit); };
@@ -70,7 +70,7 @@ inline quint32 loweredKey(QStringView text) {
     return key;
 }
 
-/// text.toLower(), which is the text itself for most names: found out in a fraction of the time.
+/// text.toLower(), without a conversion for ASCII text that is in lower case already.
 inline QString lowered(const QString& text) {
     const bool isLower = std::all_of(text.begin(), text.end(), [](QChar c) {
         return c.unicode() < 0x80 && loweredAscii(c.unicode()) == c.unicode();
@@ -78,7 +78,7 @@ inline QString lowered(const QString& text) {
     return isLower ? text : text.toLower();
 }
 
-/// Whether a text begins with a word of ASCII, given in lower case.
+/// Whether a text in lower case begins with an ASCII word that is given in lower case.
 constexpr bool startsWithLowered(QStringView text, QStringView word) {
     if (text.size() < word.size())
         return false;
@@ -88,7 +88,7 @@ constexpr bool startsWithLowered(QStringView text, QStringView word) {
     return true;
 }
 
-/// Whether two texts are equal in lower case, as a.toLower() == b.toLower() has it. Copies nothing.
+/// Whether a.toLower() == b.toLower(), without copies.
 inline bool equalLowered(QStringView a, QStringView b) {
     if (a == b)
         return true;
@@ -101,5 +101,5 @@ inline bool equalLowered(QStringView a, QStringView b) {
         if (loweredAscii(unitA) != loweredAscii(unitB))
             return false;
     }
-    return a.size() == b.size(); // no letter vanishes in lower case
+    return a.size() == b.size(); // no letter becomes empty in lower case
 }

@@ -25,14 +25,14 @@ struct TextExtension {
     const char* extension;
 };
 
-/// Texts whose extension is fixed, whatever the phone's registry says.
+/// Text types with a fixed extension, whatever the phone's registry has.
 constexpr TextExtension TEXT_EXTENSIONS[] = {
     {"plain", "txt"},
     {"x-vcalendar", "vcs"},
     {"x-vcard", "vcf"},
 };
 
-/// The extensions of what the phone can show or play of a top-level type (in lower case).
+/// The extensions of the files that the phone can show or play, for a top-level type in lower case.
 QStringList supportedExtensions(const QString& type) {
     QStringList extensions;
     if (type == u"video")
@@ -44,7 +44,7 @@ QStringList supportedExtensions(const QString& type) {
     return extensions;
 }
 
-/// The translation of a text id, or the fall-back where there is none.
+/// The translation of a text id; `fallback` when there is none.
 QString translated(const char* id, const char* fallback) {
     const QString text = QObject::tr(id, fallback);
     return text == QLatin1String(id) ? QString::fromLatin1(fallback) : text;
@@ -59,7 +59,7 @@ QString MMS_COMP_Util::getPath(const QString& path) {
 
 QString MMS_COMP_Util::stripePath(const QString& path) {
     const QString stripped = path.trimmed();
-    // both separators count, so that names from other systems lose their directory too
+    // both separators, because names from other systems can contain "\"
     return stripped.mid(std::max(stripped.lastIndexOf(u'/'), stripped.lastIndexOf(u'\\')) + 1);
 }
 
@@ -70,7 +70,7 @@ QString MMS_COMP_Util::getExtName(const QString& name) {
 
 QString MMS_COMP_Util::getNoExtName(const QString& name) {
     const qsizetype dot = name.lastIndexOf(u'.');
-    return dot < 0 ? name : name.left(dot); // white space stays, unlike in getExtName()
+    return dot < 0 ? name : name.left(dot); // white space is kept, unlike in getExtName()
 }
 
 QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString& type, const QString& subType) {
@@ -84,7 +84,7 @@ QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString& type, con
     const QStringList supported = supportedExtensions(lowType);
     if (supported.isEmpty())
         return QString("");
-    // the registry's order decides, not the order of what is supported
+    // in the order of the registry
     const QStringList candidates = AM_MimeType::instance()->getExtListByMimeId(type + u'/' + subType);
     for (const QString& candidate : candidates)
         if (supported.contains(candidate, Qt::CaseInsensitive))
@@ -93,7 +93,7 @@ QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString& type, con
 }
 
 bool MMS_COMP_Util::isOnlyLetterOrNumber(const QString& text) {
-    // more than the name says: these are the characters of file names and paths
+    // The characters of file names and paths, more than the function's name says.
     constexpr std::u16string_view others = u".-_ \\/";
     return std::all_of(text.begin(), text.end(), [others](QChar character) {
         const char16_t c = character.unicode();
@@ -106,7 +106,7 @@ int MMS_COMP_Util::getQByteArraySrcByFileName(QArray<char>& data, const QString&
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return FILE_NOT_OPENED;
-    const qint64 size = file.isSequential() ? -1 : file.size(); // a pipe's would be 0
+    const qint64 size = file.isSequential() ? -1 : file.size(); // of a pipe size() is 0
     if (checkSize && size > qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024)
         return FILE_TOO_LARGE;
     if (size < 0)

@@ -10,7 +10,7 @@ constexpr int RECORD_FORMAT = QDataStream::Qt_2_1; // the format in which phones
 static_assert(sizeof(QChar) == 2, "a text is stored as units of two octets");
 
 constexpr quint32 NULL_TEXT = 0xFFFFFFFF;
-constexpr qsizetype FIRST_STEP = 32 * 1024; // units; a count is believed only as far as octets follow it
+constexpr qsizetype FIRST_STEP = 32 * 1024; // units; longer texts grow as octets are read
 
 int switchTo(QDataStream& stream, int version) {
     const int former = stream.version();
@@ -18,7 +18,7 @@ int switchTo(QDataStream& stream, int version) {
     return former;
 }
 
-/// Turns the units in `text` from the stream's byte order into the machine's.
+/// Converts the units in `text` from the stream's byte order to the host's.
 void toHostOrder(QString& text, QDataStream::ByteOrder order) {
     constexpr bool littleHost = Q_BYTE_ORDER == Q_LITTLE_ENDIAN;
     if ((order == QDataStream::LittleEndian) == littleHost)

@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <optional>
 
-/// A whole number as phones write them, in up to seven digits: exact in single precision, and read in
-/// a thirtieth of the time that a general conversion takes. Nothing for any other text.
+/// Reads a whole number of up to seven digits, which single precision holds exactly; about thirty times as
+/// fast as a general conversion. Nothing for any other text.
 inline std::optional<int> shortNumber(QStringView text) {
     constexpr qsizetype mostDigits = 7;
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };

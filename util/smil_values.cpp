@@ -42,13 +42,13 @@ constexpr NamedColor NAMED_COLORS[] = {
     {QLatin1StringView("white"), 255, 255, 255},  {QLatin1StringView("yellow"), 255, 255, 0},
 };
 
-/// A unit of time, and the factors that lead from it to milliseconds, applied one after the other.
+/// A unit of time and the factors that convert it to milliseconds, applied in turn.
 struct TimeUnit {
     QLatin1StringView suffix;
     float factors[3];
 };
 
-// "min" and "ms" stand before "s", which would match the end of "ms" too.
+// "min" and "ms" come before "s", which would match the end of "ms".
 constexpr TimeUnit TIME_UNITS[] = {
     {QLatin1StringView("min"), {60.0F, 1000.0F, 1.0F}},
     {QLatin1StringView("ms"), {1.0F, 1.0F, 1.0F}},
@@ -56,14 +56,14 @@ constexpr TimeUnit TIME_UNITS[] = {
     {QLatin1StringView("h"), {60.0F, 60.0F, 1000.0F}},
 };
 
-/// QStringView::toFloat(), with a short way for the whole numbers that phones write.
+/// QStringView::toFloat() with a fast path for short whole numbers.
 float toFloat(QStringView number, bool& ok) {
     const std::optional<int> whole = shortNumber(number);
     ok = whole.has_value();
     return whole ? static_cast<float>(*whole) : number.toFloat(&ok);
 }
 
-/// Single precision throughout, as the phones calculate; what no 32-bit integer holds is clamped.
+/// Multiplies in single precision, as phones do. Results beyond 32 bits are clamped.
 std::optional<qint32> scaled(QStringView number, const float (&factors)[3]) {
     bool ok = false;
     float value = toFloat(number, ok);
@@ -80,11 +80,11 @@ std::optional<qint32> timeWithUnit(QStringView text) {
     for (const TimeUnit& unit : TIME_UNITS)
         if (text.endsWith(unit.suffix))
             return scaled(text.chopped(unit.suffix.size()), unit.factors);
-    return std::nullopt; // a bare number has no meaning, deliberately
+    return std::nullopt; // a number without a unit is invalid, deliberately
 }
 
-/// Minutes:seconds.fraction, the fraction being milliseconds as it stands: 0:01.5 is 1005. It has to
-/// be there, deliberately: 1:30 is no time.
+/// Minutes:seconds.milliseconds. The digits behind the point are a number of milliseconds: 0:01.5 is 1005.
+/// They are mandatory, deliberately: 1:30 is invalid.
 std::optional<qint32> clockTime(QStringView text) {
     const qsizetype colon = text.indexOf(u':');
     const QStringView rest = text.sliced(colon + 1);
@@ -103,7 +103,7 @@ std::optional<qint32> clockTime(QStringView text) {
     return static_cast<qint32>(std::clamp<qint64>(value, LEAST_TIME, GREATEST_TIME));
 }
 
-/// The milliseconds that a text means, shared by durations and by begin and end times.
+/// A text in milliseconds, for durations and for begin and end times.
 std::optional<qint32> scanTime(QStringView text) {
     switch (text.count(u':')) {
     case 0:
@@ -111,11 +111,11 @@ std::optional<qint32> scanTime(QStringView text) {
     case 1:
         return clockTime(text);
     default:
-        return std::nullopt; // hours:minutes:seconds is not read, deliberately
+        return std::nullopt; // hours:minutes:seconds is invalid, deliberately
     }
 }
 
-/// "#rgb" or "#rrggbb". The digit of the short form is the component itself, not doubled, on purpose.
+/// Reads "#rgb" or "#rrggbb". A digit of the short form is the component itself, not doubled: deliberate.
 bool readHexColor(QStringView text, QColor& color) {
     const qsizetype digits = text.size() == 4 ? 1 : 2;
     int components[3] = {};
@@ -157,7 +157,8 @@ void readTime(const QString text, MMS_COMP_SMIL_TIME& time) {
             time.value = atBegin ? AT_BEGIN : AT_END;
             return;
         }
-        // Drops the parentheses around the offset, or whatever is in their place.
+        // Drops the first and last character: the parentheses around the offset, or whatever is in their
+        // place.
         rest.chop(std::min<qsizetype>(rest.size(), 1));
         rest = rest.sliced(std::min<qsizetype>(rest.size(), 1));
     } else {
@@ -189,7 +190,7 @@ void readColor(const QString& text, MMS_COMP_COLOR& color) {
         color.text = QStringLiteral("");
         color.kind = readHexColor(trimmed, color.color) ? MMS_COMP_COLOR_NUMERIC : MMS_COMP_COLOR_UNREADABLE;
     } else if (trimmed.startsWith(QLatin1StringView("rgb(")) && !trimmed.contains(u'%')) {
-        // Known as a form, but no phone of the family reads it: the colour stays what it was.
+        // The rgb() form is recognised but not read, like on phones: the colour stays unchanged.
         color.text = QStringLiteral("");
     }
 }

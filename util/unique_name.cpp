@@ -8,9 +8,10 @@
 
 namespace {
 
-constexpr qsizetype nameLimit = 100; // file systems of phones, with some room for a directory
+constexpr qsizetype nameLimit = 100; // the limit of phones' file systems, less some room for a directory
 
-/// Letters, digits and the punctuation of file names: always a valid URL, no need to parse it.
+/// Whether a name has only letters, digits and punctuation of file names. Such a name is always a valid URL,
+/// without parsing.
 bool isPlain(const QString& name) {
     return std::all_of(name.begin(), name.end(), [](QChar c) {
         const char16_t u = c.unicode();

@@ -8,12 +8,12 @@
 
 namespace {
 
-constexpr int deepest = 16; // multiparts inside the body
+constexpr int deepest = 16; // the deepest nesting of multiparts
 constexpr int contentTypeHeader = 0x11;
 
 void readEntries(ValueReader& in, int depth);
 
-/// Reads a number of octets; there may be fewer.
+/// Reads an octet count, which the input may cut off; false then.
 bool readCount(ValueReader& in, quint16 what, quint64* count) {
     const qsizetype at = in.at();
     const bool isWhole = in.takeUintvar(count);
@@ -21,7 +21,7 @@ bool readCount(ValueReader& in, quint16 what, quint64* count) {
     return isWhole;
 }
 
-/// How many of the octets that an item announces there are.
+/// The announced number of octets, or what is left of the input if that is less.
 qsizetype available(ValueReader& in, quint64 announced, quint32 item) {
     if (announced <= static_cast<quint64>(in.left()))
         return static_cast<qsizetype>(announced);
@@ -29,7 +29,7 @@ qsizetype available(ValueReader& in, quint64 announced, quint32 item) {
     return in.left();
 }
 
-/// The headers of parts that count when they are sent by name, too.
+/// The part headers that are also recognised when sent by name.
 const MMS_WIRE_Field* headerByName(QByteArrayView name) {
     for (const int code : {0x0E, 0x2E, 0x40, 0x48}) {
         const MMS_WIRE_Field* row = wirePartHeader(code);
@@ -56,7 +56,7 @@ void readHeaders(ValueReader& in) {
     }
 }
 
-/// Reads the data of a part whose head is in the tree.
+/// Reads the data of a part whose headers are in the tree.
 void readData(ValueReader& in, quint32 part, qsizetype octets, int depth) {
     WireTree& tree = in.tree();
     tree.setEnd(in.at());
@@ -76,7 +76,7 @@ void readData(ValueReader& in, quint32 part, qsizetype octets, int depth) {
     in.goTo(in.at() + octets);
 }
 
-/// Reads an entry. False when the octets end before its data.
+/// Reads an entry. False when the input ends before its data.
 bool readPart(ValueReader& in, int depth) {
     WireTree& tree = in.tree();
     const quint32 part = tree.open(WIRE_PART, in.at());
@@ -99,13 +99,13 @@ bool readPart(ValueReader& in, int depth) {
     return isThere;
 }
 
-/// Reads a number of entries and the entries.
+/// Reads the number of entries, then the entries.
 void readEntries(ValueReader& in, int depth) {
     WireTree& tree = in.tree();
     const quint32 entries = tree.size();
     quint64 announced = 0, done = 0;
     readCount(in, WIRE_ENTRIES, &announced);
-    bool isWhole = true; // else the mark is where the part ends
+    bool isWhole = true; // false: the problem is marked in the part
     for (; isWhole && done < announced && in.hasMore(); ++done)
         isWhole = readPart(in, depth);
     if (isWhole && done < announced)

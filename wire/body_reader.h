@@ -3,5 +3,5 @@
 class ValueReader;
 class WireTree;
 
-/// Reads all that is left as the body of a message whose header is in the tree.
+/// Reads the rest of the input as the body of the message whose header is in the tree.
 void readBody(ValueReader& in);

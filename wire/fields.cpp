@@ -112,7 +112,7 @@ constexpr MMS_WIRE_Word responseStatuses[] = {
     {235, "Error-permanent-lack-of-prepaid"},
 };
 
-/// Every header field, by its code from 1 on.
+/// All header fields, from code 1 on.
 constexpr MMS_WIRE_Field fields[] = {
     {0x01, "Bcc", FORM_ADDRESS, {}},
     {0x02, "Cc", FORM_ADDRESS, {}},
@@ -185,14 +185,14 @@ constexpr MMS_WIRE_Word dispositions[] = {
     {130, "inline"},
 };
 
-/// The headers of parts whose values are known; the others are read by their form.
+/// Part headers with a known form; any other is read by its first octet.
 constexpr MMS_WIRE_Field partHeaders[] = {
     {0x0E, "Content-Location", FORM_TEXT, {}},
     {0x11, "Content-Type", FORM_CONTENT_TYPE, {}},
     {0x2E, "Content-Disposition", FORM_DISPOSITION, dispositions},
     {0x40, "Content-ID", FORM_CONTENT_ID, {}},
     {0x45, "Content-Disposition", FORM_DISPOSITION, dispositions},
-    {0x48, "Content-Transfer-Encoding", FORM_TEXT, {}}, // no assigned number; some senders write it so
+    {0x48, "Content-Transfer-Encoding", FORM_TEXT, {}}, // not assigned by WSP, but some senders use it
 };
 
 constexpr MMS_WIRE_Field parameters[] = {

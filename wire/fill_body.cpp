@@ -12,7 +12,7 @@ namespace {
 
 using Bodypart = MMS_COMP_SMILMultipartBodypart;
 
-/// The body part that a part on the wire becomes, with its sub-bodies.
+/// Converts a part with its nested parts to a body part with sub-bodies.
 std::unique_ptr<Bodypart> bodypartOf(const MMS_WIRE_Part& part) {
     auto made = std::make_unique<Bodypart>();
     const MediaType media = mediaOf(contentTypeOf(part.item()));

@@ -19,7 +19,7 @@ constexpr quint64 latestDate = std::numeric_limits<quint32>::max();
 constexpr quint64 largestSize = std::numeric_limits<qint32>::max();
 constexpr QLatin1StringView phoneSuffix("/TYPE=PLMN");
 
-/// An address as it is kept: without the type of a phone number, the display name apart.
+/// An address as the record stores it: display name apart, a phone number without its type suffix.
 MMS_UTIL_Entry entryOf(QString text) {
     if (text.endsWith(phoneSuffix)) {
         text.chop(phoneSuffix.size());
@@ -36,7 +36,7 @@ MMS_UTIL_Entry entryOf(QString text) {
 
 using Store = bool (*)(MMS_UA_UAMsg& header, const Item& item);
 
-/// Stores an octet that the record keeps as public data.
+/// Stores an octet in a public member of the record.
 template <auto member, FIELD_CODE code>
 bool storeOctet(MMS_UA_UAMsg& header, const Item& item) {
     if (item.kind() != Item::NUMBER)
@@ -46,7 +46,7 @@ bool storeOctet(MMS_UA_UAMsg& header, const Item& item) {
     return true;
 }
 
-/// Hands a yes or no to a setter.
+/// Passes a yes or no to a setter.
 template <auto set, int on = yes>
 bool storeFlag(MMS_UA_UAMsg& header, const Item& item) {
     if (!isKnownNumber(WireTree::nodeOf(item).what, item.number()))
@@ -55,15 +55,15 @@ bool storeFlag(MMS_UA_UAMsg& header, const Item& item) {
     return true;
 }
 
-/// Hands a text to a setter, which ignores an empty one.
+/// Passes a text to a setter, which ignores an empty one.
 template <auto set>
 bool storeText(MMS_UA_UAMsg& header, const Item& item) {
     const Item inside = insideOf(item, WIRE_TEXT);
     (header.*set)((inside.isNull() ? item : inside).text());
-    return insideOf(item, WIRE_COUNT).isNull(); // which the record has no place for
+    return insideOf(item, WIRE_COUNT).isNull(); // the record has no member for the count
 }
 
-/// Adds a recipient, unless the address is empty.
+/// Adds a recipient; ignores an empty address.
 template <void (MMS_UA_UAMsg::*add)(MMS_UTIL_Entry&)>
 bool storeRecipient(MMS_UA_UAMsg& header, const Item& item) {
     MMS_UTIL_Entry entry = entryOf(item.text());
@@ -88,7 +88,7 @@ bool storeDate(MMS_UA_UAMsg& header, const Item& item) {
     return true;
 }
 
-/// A time of delivery is a moment in the record; one given in seconds counts from now.
+/// The record stores the delivery time as date and time; one sent in seconds counts from now.
 bool storeDeliveryTime(MMS_UA_UAMsg& header, const Item& item) {
     if (item.number() > latestDate)
         return false;
@@ -98,7 +98,7 @@ bool storeDeliveryTime(MMS_UA_UAMsg& header, const Item& item) {
     return true;
 }
 
-/// An expiry is a number of seconds from now in the record; one that is over has none left.
+/// The record stores the expiry in seconds from now; 0 for one in the past.
 bool storeExpiry(MMS_UA_UAMsg& header, const Item& item) {
     if (item.number() > latestDate)
         return false;
@@ -134,7 +134,7 @@ bool storeContentType(MMS_UA_UAMsg& header, const Item& item) {
     return true;
 }
 
-/// How the fields that the record has go into it. False for a value that it has no place for.
+/// How each field that the record knows is stored. False for a value that it cannot hold.
 constexpr struct {
     FIELD_CODE code;
     Store store;
@@ -158,7 +158,7 @@ constexpr struct {
     {FIELD_REPORT_ALLOWED, storeFlag<&MMS_UA_UAMsg::setReportAllowed>},
     {FIELD_RESPONSE_STATUS, storeOctet<&MMS_UA_UAMsg::responseStatus, FIELD_RESPONSE_STATUS>},
     {FIELD_RESPONSE_TEXT, storeText<&MMS_UA_UAMsg::setResponseText>},
-    // in the record the flag is what is written as Show
+    // a set flag is written as Show
     {FIELD_SENDER_VISIBILITY, storeFlag<&MMS_UA_UAMsg::setSenderVisibility, show>},
     {FIELD_STATUS, storeOctet<&MMS_UA_UAMsg::status, FIELD_STATUS>},
     {FIELD_SUBJECT, storeText<&MMS_UA_UAMsg::setSubject>},
@@ -198,7 +198,7 @@ QList<MMS_WIRE_Item> MMS_WIRE_Reader::fill(MMS_UA_UAMsg* header) const {
     }
     const MMS_WIRE_Item whole = body();
     const QByteArrayView octets = whole.isNull() ? message().octets().last(0) : whole.octets();
-    // the record's pointer is not for writing, here as in the phone's reading
+    // must not be written through, like that of MMS_UA_Decoder
     header->bodyStart = reinterpret_cast<unsigned char*>(const_cast<char*>(octets.data()));
     header->bodyLength = static_cast<unsigned int>(octets.size());
     return others;

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// The names of items that are neither fields nor headers nor parameters, from WIRE_MESSAGE on.
+/// Names of the items that are not fields, headers or parameters, from WIRE_MESSAGE on.
 constexpr const char* structureNames[] = {
     "Message", // WIRE_MESSAGE
     "",        // WIRE_NAMED
@@ -35,7 +35,7 @@ constexpr MMS_WIRE_Field timeToken = {0, "Time-token", FORM_OCTET, timeTokens};
 constexpr MMS_WIRE_Word fromTokens[] = {{128, "Address-present"}, {129, "Insert-address"}};
 constexpr MMS_WIRE_Field fromToken = {0, "From-token", FORM_OCTET, fromTokens};
 
-/// The row of the tables for a field, a header or a parameter; null for anything else and an unknown one.
+/// The table row of a field, a header or a parameter; null for any other item and for an unknown one.
 const MMS_WIRE_Field* rowOf(quint16 what) {
     if (what < WIRE_PART_HEADER)
         return wireField(what);
@@ -44,13 +44,13 @@ const MMS_WIRE_Field* rowOf(quint16 what) {
     return what < WIRE_MESSAGE ? wireParameter(what & codeMask) : nullptr;
 }
 
-/// Seconds since 1970 as ISO 8601; nothing beyond the year 9999.
+/// Seconds since 1970 as ISO 8601; empty after the year 9999.
 QString isoTime(quint64 seconds) {
     constexpr quint64 lastSecond = 253402300799;
     if (seconds > lastSecond)
         return QString();
     const QDateTime time = QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds), QTimeZone::utc());
-    return time.toUTC().toString(Qt::ISODate); // with "Z", not with the zone's "+00:00"
+    return time.toUTC().toString(Qt::ISODate); // ends with "Z" instead of "+00:00"
 }
 
 QString asText(const char* word) {
@@ -61,12 +61,12 @@ QString versionWord(quint64 octet) {
     return QStringLiteral("%1.%2").arg(octet >> 4 & 0x07).arg(octet & 0x0F);
 }
 
-/// Whether an item holds others without having a value: the message, a body, a part.
+/// Whether an item has no value of its own but holds others: the message, a body, a part.
 bool isContainer(quint16 what) {
     return what == WIRE_MESSAGE || what >= WIRE_BODY;
 }
 
-/// The row whose words say what a number means; null for a plain number.
+/// The table row with the words for a number; null for a plain number.
 const MMS_WIRE_Field* wordRow(quint16 what) {
     switch (what) {
     case WIRE_TIME_TOKEN:
@@ -169,7 +169,7 @@ int MMS_WIRE_Item::code() const {
     return what < WIRE_MESSAGE ? what & codeMask : -1;
 }
 
-/// The one value inside an item that has several items inside; the null item when there is none or more.
+/// The value inside this item if there is exactly one; else the null item.
 MMS_WIRE_Item MMS_WIRE_Item::onlyValue() const {
     MMS_WIRE_Item only;
     for (const MMS_WIRE_Item inside : *this) {
@@ -203,8 +203,8 @@ quint64 MMS_WIRE_Item::number() const {
     return item.isNull() ? 0 : tree_->node(item.node_).value;
 }
 
-/// The item whose number is this one's: itself, or among the values directly inside the first without words,
-/// failing that the first. The null item when there is no number.
+/// The item that provides number(): this one, or the first value directly inside that is a plain number, or
+/// else the first that is a number with a word. The null item when there is none.
 MMS_WIRE_Item MMS_WIRE_Item::numbered() const {
     if (!tree_)
         return MMS_WIRE_Item();
@@ -254,7 +254,7 @@ QString MMS_WIRE_Item::text() const {
     }
 }
 
-/// The texts of the values inside; of numbers without words their digits, where there are several values.
+/// The texts of the values inside, joined. Among several values, a plain number gives its digits.
 QString MMS_WIRE_Item::joinedText() const {
     const MMS_WIRE_Item only = onlyValue();
     if (!only.isNull())

@@ -7,15 +7,14 @@
 
 class WireTree;
 
-/// One item of a PDU: a field, a value, a part, or octets that are not understood, with its position and
-/// the items inside it.
+/// One item of a PDU: a field, a value, a part, or octets that are not understood. It has a position and the
+/// items inside it.
 ///
-/// An item is a small value that points into its MMS_WIRE_Reader; copies are cheap. It is valid until that
-/// reader reads again or is deleted, and as long as the caller keeps the octets: texts are decoded from
-/// there on demand.
+/// Items are small values; copies are cheap. An item points into its MMS_WIRE_Reader and is valid until that
+/// reader reads again or is deleted. Texts are decoded on demand, so the caller keeps the octets as long.
 ///
-/// The leaves below an item, in order, cover its octets exactly: walk them with
-/// `for (MMS_WIRE_Item inside : item)`.
+/// The leaves below an item, in order, cover all its octets without gap or overlap. To visit the items
+/// inside, write `for (MMS_WIRE_Item inside : item)`.
 class LUM_EXPORT MMS_WIRE_Item {
 public:
     /// What kind of value an item is.
@@ -23,16 +22,16 @@ public:
         GROUP,   ///< no value of its own, or several inside it
         NUMBER,  ///< a number, often with words: the text
         TEXT,    ///< a text
-        TIME,    ///< a moment: seconds since 1970-01-01 UTC; the text is ISO 8601
-        SECONDS, ///< a span of time in seconds
+        TIME,    ///< a point in time: seconds since 1970-01-01 UTC; the text is ISO 8601
+        SECONDS, ///< a duration in seconds
         OCTETS,  ///< octets that are not understood, or have no meaning here
         DATA,    ///< the data of a part or of a body that is no multipart
     };
     /// How bad the fault of an item is.
     enum SEVERITY : unsigned char {
-        SOUND,   ///< nothing
-        NOTE,    ///< off the rules, and read all the same
-        PROBLEM, ///< something is not understood, a length lies, or a value does not fit
+        SOUND,   ///< no fault
+        NOTE,    ///< a deviation from the standard that does not prevent reading
+        PROBLEM, ///< not understood, a wrong length, or a value in the wrong form
     };
     class iterator;
 
@@ -43,32 +42,33 @@ public:
 
     /// Position of the item in the PDU, counted from 0.
     qsizetype offset() const;
-    /// Number of its octets; 0 for something that is missing.
+    /// Number of its octets; 0 for a missing one.
     qsizetype length() const;
     /// The octets themselves, in the caller's PDU.
     QByteArrayView octets() const;
 
-    /// The item's name: "X-Mms-Retrieve-Status", "Content-ID", "HeadersLen"; for a header or a parameter by
-    /// name the name that was sent; "0xD4" for a field that is not known.
+    /// The item's name: "X-Mms-Retrieve-Status", "Content-ID", "HeadersLen". A header or parameter sent by
+    /// name has the name as sent; an unknown field its octet ("0xD4").
     QString name() const;
-    /// The number of a header field, a part's header or a parameter, without the high bit it has on the wire;
-    /// -1 for any other item, also for a header by name.
+    /// The code of a header field, a part header or a parameter, without the top bit; -1 for any other item,
+    /// also for a header sent by name.
     int code() const;
 
     /// The kind of value. An item with one value inside it (beside lengths, charsets and tokens) has the
     /// kind, number and text of that value.
     KIND kind() const;
-    /// Whether there is a number().
+    /// The number: of a time or duration the seconds, of several numbers the plain one. The largest value for
+    /// a number beyond 64 bits, 0 when there is none.
     bool hasNumber() const;
     /// The number; of a time or duration its seconds, of several numbers the one without words. A number
     /// beyond 64 bits gives the largest one. 0 when there is none.
     quint64 number() const;
-    /// The text; for a number its words in full ("Error-transient-network-problem"), for a media type its
-    /// name, for a moment ISO 8601 in UTC. Several values inside the item are joined by "; ", parameters
-    /// among them as "name=value". Empty when there is none, and for a number without words.
+    /// The text: of a number its word ("Error-transient-network-problem"), of a media type its name, of a
+    /// time ISO 8601 in UTC. Several values are joined by "; ", parameters as "name=value". Empty when there
+    /// is none, and for a plain number.
     QString text() const;
 
-    /// The text, or the digits of a number without words.
+    /// The text, or the digits of a plain number.
     QString valueText() const;
 
     /// How bad the fault of this item is; faults of the items inside it do not count.

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The media types behind those of the phone's table (WSP assigned numbers).
+/// Media types with a number beyond the platform's table (WSP assigned numbers).
 constexpr struct {
     const char* type;
     const char* subType;
@@ -87,7 +87,7 @@ QString parameterText(const MMS_WIRE_Item& contentType) {
     const MMS_WIRE_Item type = parameterOf(contentType, typeParameter);
     const MMS_WIRE_Item start = parameterOf(contentType, startParameter);
     QStringList parameters;
-    if (!type.isNull() || !start.isNull()) // always both, as the phone has them
+    if (!type.isNull() || !start.isNull()) // always both, as in the record that MMS_UA_Decoder fills
         parameters += {typeParameter + u'=' + type.text(), startParameter + u'=' + start.text()};
     for (const MMS_WIRE_Item inside : contentType)
         if (isParameter(inside) && inside != type && inside != start)

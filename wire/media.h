@@ -5,38 +5,38 @@
 #include <QLatin1StringView>
 #include <QString>
 
-// Media types, given by number or spelt out.
+// Media types, as numbers or texts.
 
-/// A media type in its two halves.
+/// A media type: type and sub-type.
 struct MediaType {
     QString type;
     QString subType;
 
     /// "image/jpeg".
     QString name() const { return subType.isEmpty() ? type : type + u'/' + subType; }
-    /// Whether a body of this type is made of parts.
+    /// Whether a body of this type is a multipart.
     bool isMultipart() const;
-    /// Whether it is text, so that a charset counts.
+    /// Whether it is text, which a charset applies to.
     bool isText() const;
-    /// Whether it is text that says nothing else about its charset.
+    /// Whether it is text in a format that does not state its own charset.
     bool isPlainText() const { return type.compare(u"text", Qt::CaseInsensitive) == 0; }
 };
 
-/// Whether there is a media type of that number.
+/// Whether a media type has that number.
 bool isKnownMedia(quint64 number);
-/// The media type of a number; "application/octet-stream" for an unknown one.
+/// The media type with that number; "application/octet-stream" for an unknown one.
 MediaType mediaByNumber(quint64 number);
-/// The media type that a text says, which ends at its first ";".
+/// The media type at the beginning of a text, up to the first ";".
 MediaType mediaByText(const QString& text);
-/// The media type in a Content-Type item, "application/octet-stream" where it has none.
+/// The media type of a Content-Type item; "application/octet-stream" when absent.
 MediaType mediaOf(const MMS_WIRE_Item& contentType);
 
-/// The two parameters of a related multipart.
+/// Two parameters of a related multipart.
 constexpr QLatin1StringView typeParameter("type"), startParameter("start");
 
-/// A parameter of a content type or a disposition, by its number or by name, letter case aside. The null item
-/// when it is not there.
+/// A parameter of a content type or disposition by name, in any letter case, whether sent by number or by
+/// name. The null item when absent.
 MMS_WIRE_Item parameterOf(const MMS_WIRE_Item& value, QLatin1StringView name);
-/// The parameters of a content type as the record of a header has them: "type=application/smil;start=<s>",
-/// these two first.
+/// The parameters of a content type as text for the header record: "type=application/smil;start=<s>", these
+/// two first.
 QString parameterText(const MMS_WIRE_Item& contentType);

@@ -19,13 +19,13 @@ QStringView withoutLeadingSpace(QStringView text) {
     return text;
 }
 
-/// The text up to a character, or all of it.
+/// The text up to the first `end`, or all of it.
 QStringView upTo(QStringView text, char16_t end) {
     const qsizetype at = text.indexOf(end);
     return at < 0 ? text : text.first(at);
 }
 
-/// A parameter in a header's text as MIME has it: attachment; filename="a.jpg". Empty when it is not there.
+/// A parameter in the text of a MIME header: attachment; filename="a.jpg". Empty when absent.
 QString mimeParameter(const QString& header, QLatin1StringView name) {
     for (qsizetype at = header.indexOf(u';'); at >= 0; at = header.indexOf(u';', at + 1)) {
         QStringView text = withoutLeadingSpace(QStringView(header).sliced(at + 1));
@@ -40,13 +40,13 @@ QString mimeParameter(const QString& header, QLatin1StringView name) {
     return QString();
 }
 
-/// The value of a header that may have been sent by name.
+/// The value of a header, whether sent by code or by name.
 MMS_WIRE_Item valueOf(const MMS_WIRE_Item& header) {
     const MMS_WIRE_Item value = insideOf(header, WIRE_VALUE);
     return value.isNull() ? header : value;
 }
 
-/// A parameter of Content-Disposition, in either of the ways that it is sent. Empty when it is not there.
+/// A parameter of Content-Disposition, encoded or in MIME text. Empty when absent.
 QString dispositionParameter(const MMS_WIRE_Item& disposition, QLatin1StringView name) {
     const MMS_WIRE_Item value = valueOf(disposition);
     const MMS_WIRE_Item parameter = parameterOf(value, name);
@@ -91,7 +91,7 @@ QString MMS_WIRE_Part::contentId() const {
 
 QString MMS_WIRE_Part::charset() const {
     const QString stated = parameterOf(contentTypeOf(item_), charsetParameter).text();
-    const int charset = charsetByName(stated.toLatin1()); // the sender may have spelt it in another way
+    const int charset = charsetByName(stated.toLatin1()); // senders spell names in different ways
     return charset == charsetUnknown ? stated : charsetName(charset, WireTree::treeOf(item_).charsets());
 }
 

@@ -13,7 +13,7 @@ bool isHeader(const WireNode& node) {
     return (node.what >= WIRE_PART_HEADER && node.what < WIRE_PARAMETER) || node.what == WIRE_NAMED;
 }
 
-/// The charset that a parameter states; charsetUnknown for one that is not known.
+/// The charset in a parameter; charsetUnknown for an unknown one.
 int charsetOf(const MMS_WIRE_Item& parameter, Charsets& charsets) {
     if (parameter.kind() == MMS_WIRE_Item::TEXT)
         return charsetByName(parameter.text().toLatin1());

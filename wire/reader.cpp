@@ -15,7 +15,8 @@ constexpr int firstTextOctet = 32;
 constexpr int octetQuote = 127;
 constexpr int mboxDeleteConf = 146, deleteConf = 149;
 
-/// The form of a field's value. Where the stored messages of a list are answered for, some have a count.
+/// The form of a field's value. In answers to delete requests, the fields about each message begin with a
+/// count.
 WIRE_FORM formOf(const MMS_WIRE_Field& field, const ValueReader& in) {
     const bool isCounted = (in.messageType() == mboxDeleteConf || in.messageType() == deleteConf) &&
                            in.hasMore() && in.next() < firstTextOctet;
@@ -26,7 +27,7 @@ WIRE_FORM formOf(const MMS_WIRE_Field& field, const ValueReader& in) {
     return field.form;
 }
 
-/// Reads the header fields up to and with Content-Type; whether that was there.
+/// Reads the header up to and including Content-Type. False when it has none.
 bool readHeader(ValueReader& in) {
     WireTree& tree = in.tree();
     while (in.hasMore()) {
@@ -120,7 +121,7 @@ QList<MMS_WIRE_Mark> MMS_WIRE_Reader::marks() const {
 QList<int> MMS_WIRE_Reader::missingFields() const {
     QList<int> missing;
     const MMS_WIRE_MessageType* type = wireMessageType(messageType());
-    constexpr int always[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION}; // whatever the type is
+    constexpr int always[] = {FIELD_MESSAGE_TYPE, FIELD_MMS_VERSION}; // mandatory in all types
     const auto isThere = [this](int code) { return !field(code).isNull(); };
     for (const int code : type ? type->mandatory : std::span<const int>(always))
         if (!isThere(code))
@@ -144,5 +145,5 @@ bool MMS_WIRE_Reader::isFieldOrderCorrect() const {
             return false;
         ++expected;
     }
-    return true; // nothing is read as a field behind Content-Type
+    return true; // Content-Type is always last: reading ends there
 }

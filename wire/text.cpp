@@ -24,7 +24,7 @@ enum MIB : int {
     MIB_UTF_32_LE = 1019,
 };
 
-/// Charsets by name, as IANA has them.
+/// Charsets by IANA name.
 constexpr struct {
     int mib;
     const char* name;
@@ -79,8 +79,8 @@ constexpr struct {
     {2259, "TIS-620"},
 };
 
-/// A text of 16-bit units, in the order that its mark says, if it has one. Half pairs and a lone octet at the
-/// end become U+FFFD.
+/// Decodes 16-bit units in the byte order of their byte order mark, or else of `isLittle`. Half surrogate
+/// pairs and a lone octet at the end become U+FFFD.
 QString sixteenBitText(QByteArrayView octets, bool isLittle, bool* isValid) {
     if (octets.startsWith("\xFE\xFF") || octets.startsWith("\xFF\xFE")) {
         isLittle = octets.front() == '\xFF';
@@ -108,7 +108,7 @@ QString sixteenBitText(QByteArrayView octets, bool isLittle, bool* isValid) {
     return text;
 }
 
-/// A text of a stated, known charset. `isValid` becomes whether the charset has all of its octets.
+/// Decodes a text in a known charset. `isValid` is set to whether all octets are valid in it.
 QString decodedAs(QByteArrayView octets, int charset, Charsets& charsets, bool* isValid) {
     switch (charset) {
     case mibUtf8:
@@ -129,7 +129,7 @@ QString decodedAs(QByteArrayView octets, int charset, Charsets& charsets, bool* 
     if (!codec)
         return text;
     const std::unique_ptr<QTextDecoder> decoder(codec->makeDecoder());
-    constexpr qsizetype piece = 1 << 20; // the decoder counts in int
+    constexpr qsizetype piece = 1 << 20; // the decoder's counts are ints
     for (; !octets.isEmpty(); octets = octets.sliced(std::min(piece, octets.size())))
         text += decoder->toUnicode(octets.data(), static_cast<int>(std::min(piece, octets.size())));
     *isValid = !decoder->needsMoreData() && !text.contains(QChar::ReplacementCharacter);

@@ -5,25 +5,25 @@
 #include <QByteArrayView>
 #include <QString>
 
-// Texts and their charsets, known by MIBenum numbers (IANA character sets); 0 stands for an unknown one.
+// Texts and their charsets by MIBenum number (IANA character sets); 0 is an unknown charset.
 
 constexpr int charsetUsAscii = 3;
 constexpr int charsetUnknown = 0;
-constexpr int largestCharset = 0xFFFF; ///< larger numbers are no charset's
+constexpr int largestCharset = 0xFFFF; ///< no charset has a larger number
 
-/// Octets of one character's smallest unit: 2 for UTF-16 and UCS-2, 4 for UTF-32, else 1.
+/// Octets of a code unit: 2 for UTF-16 and UCS-2, 4 for UTF-32, else 1.
 int unitSize(int charset);
-/// Whether there is such a charset.
+/// Whether the number is a charset's.
 bool isKnownCharset(int charset, Charsets& charsets);
 /// The IANA name of a charset; empty for an unknown one.
 QString charsetName(int charset, Charsets& charsets);
-/// The charset of that IANA name; charsetUnknown for one that is not in the table.
+/// The charset with that IANA name; charsetUnknown when it is not in the table.
 int charsetByName(QByteArrayView name);
 
-/// Whether octets are a text without flaw in that charset. True when there is none to go by.
+/// Whether octets are valid text in that charset; true for an unknown one.
 bool isValidText(QByteArrayView octets, int charset, Charsets& charsets);
 /// Whether all octets are below 128.
 bool isAsciiText(QByteArrayView octets);
-/// The text that the octets are. In an unknown charset, and in US-ASCII with octets beyond it, UTF-8 if they
-/// are that, else ISO-8859-1. What the charset does not have becomes U+FFFD.
+/// Decodes octets. In an unknown charset, and for octets above 127 in US-ASCII: as UTF-8 if they are valid,
+/// else as ISO-8859-1. Invalid octets become U+FFFD.
 QString decodedText(QByteArrayView octets, int charset, Charsets& charsets);

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int notBase64 = -1, whiteSpace = -2, padding = -3;
 
-/// What each octet is worth in base64.
+/// The value of each octet in base64.
 constexpr auto base64Values = [] {
     std::array<signed char, 256> values{};
     values.fill(notBase64);
@@ -27,7 +27,7 @@ constexpr auto base64Values = [] {
     return values;
 }();
 
-/// Goes through base64, handing on each group of four characters, or fewer at the end.
+/// Walks base64 text and passes on each group of four characters, the last one possibly shorter.
 class Base64 {
 public:
     explicit Base64(QByteArrayView data, QByteArray* out = nullptr) {
@@ -71,7 +71,7 @@ private:
     bool isBroken_ = false;
 };
 
-/// The value of a hexadecimal digit; -1 for anything else.
+/// The value of a hexadecimal digit; -1 for any other character.
 int hexValue(char c) {
     if (c >= '0' && c <= '9')
         return c - '0';
@@ -80,7 +80,8 @@ int hexValue(char c) {
     return c >= 'a' && c <= 'f' ? c - 'a' + 10 : -1;
 }
 
-/// Decodes quoted-printable into `out`, if it is there. Whether every "=" encodes something.
+/// Decodes quoted-printable, into `out` unless it is null. Returns whether every "=" is part of a valid
+/// sequence.
 bool readQuotedPrintable(QByteArrayView data, QByteArray* out) {
     bool isWhole = true;
     for (qsizetype i = 0; i < data.size(); ++i) {
@@ -90,7 +91,7 @@ bool readQuotedPrintable(QByteArrayView data, QByteArray* out) {
             const int high = left >= 2 ? hexValue(data[i + 1]) : -1;
             const int low = left >= 2 ? hexValue(data[i + 2]) : -1;
             const bool isReturn = left >= 1 && data[i + 1] == '\r';
-            if (isReturn || (left >= 1 && data[i + 1] == '\n')) { // the line goes on in the next
+            if (isReturn || (left >= 1 && data[i + 1] == '\n')) { // a soft line break
                 i += isReturn && left >= 2 && data[i + 2] == '\n' ? 2 : 1;
                 continue;
             }

@@ -7,9 +7,9 @@
 
 enum class TransferEncoding { None, Base64, QuotedPrintable, Unknown };
 
-/// The encoding of that name, letter case aside; None for "7bit", "8bit" and "binary", too.
+/// The encoding with that name, in any letter case; None for an empty name and "7bit", "8bit", "binary".
 TransferEncoding transferEncoding(QByteArrayView name);
-/// What is wrong with data in that encoding: WIRE_MARK bits.
+/// The problems of data in that encoding: WIRE_MARK bits.
 quint32 marksOfEncoded(QByteArrayView data, TransferEncoding encoding);
-/// The data decoded; as they are where the encoding is none or unknown, or they do not have it.
+/// The decoded data; unchanged where there is no encoding or it is unknown, or the data are not valid in it.
 QByteArray decodedData(QByteArrayView data, TransferEncoding encoding);

@@ -44,7 +44,7 @@ void WireTree::reset(QByteArrayView pdu) {
     octets_ = pdu;
     end_ = 0;
     nodes_.clear();
-    // most headers fit without another allocation
+    // enough for most headers
     constexpr qsizetype usual = 64;
     nodes_.reserve(static_cast<size_t>(std::min(usual, pdu.size()) + 1));
     marks_ = MARK_NONE;

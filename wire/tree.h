@@ -10,14 +10,14 @@
 
 #include <vector>
 
-// The inside of the reader: the tree of items in one array, parents in front of what is inside them.
+// Internals of the reader: the tree of items in one array, each item in front of the items inside it.
 
-/// What an item is, beside the header fields, which are known by their code, 0 to 127.
+/// Kinds of items other than header fields; a header field has its code, 0 to 127.
 enum WIRE_WHAT : quint16 {
-    WIRE_PART_HEADER = 0x100, // and its code
-    WIRE_PARAMETER = 0x200,   // and its code
+    WIRE_PART_HEADER = 0x100, // plus the header's code
+    WIRE_PARAMETER = 0x200,   // plus the parameter's code
     WIRE_MESSAGE = 0x300,
-    WIRE_NAMED, // a header or parameter by name; the name is the first item inside
+    WIRE_NAMED, // a header or parameter sent by name; the name is the first item inside
     WIRE_STRAY,
     WIRE_CODE,
     WIRE_NAME,
@@ -34,7 +34,7 @@ enum WIRE_WHAT : quint16 {
     WIRE_TIME,
     WIRE_VALUE,
     WIRE_MEDIA,
-    WIRE_REST, // octets inside a length that the value does not need
+    WIRE_REST, // octets of a stated length that the value does not use
     WIRE_BODY,
     WIRE_ENTRIES,
     WIRE_PART,
@@ -44,7 +44,7 @@ enum WIRE_WHAT : quint16 {
     WIRE_AFTER_PARTS,
 };
 
-/// What can be wrong with an item; bits, since several things can be.
+/// Problems and notes of an item, as bits.
 enum WIRE_MARK : quint32 {
     MARK_NONE = 0,
     // problems
@@ -78,23 +78,24 @@ enum WIRE_MARK : quint32 {
 };
 constexpr quint32 problemMarks = (1u << 20) - 1;
 
-/// An item. It ends where the next one behind it begins: no octet can be left out or taken twice.
+/// An item. It ends where the next one behind it begins: the octets of a message have neither gap nor
+/// overlap.
 struct WireNode {
     qsizetype offset;
-    quint64 value; // a number, or the TextPlace of a text
-    quint32 next;  // behind the items inside; 0 while the item is being read
+    quint64 value; // the number, or the TextPlace of a text
+    quint32 next;  // the index behind the items inside; 0 while the item is open
     quint32 marks;
-    quint16 what; // a field code or WIRE_WHAT
+    quint16 what; // a field code or a WIRE_WHAT
     MMS_WIRE_Item::KIND kind;
-    bool isSyntax; // a length, a charset, a token: no part of the value of the item around it
-    bool isMisfit; // the value does not have its form: it counts for nothing
+    bool isSyntax; // a length, a charset, a token: not part of the value of the item around it
+    bool isMisfit; // the value is not in its field's form and is ignored
 };
 
-/// Where the text of an item lies between its octets, and its charset; kept in WireNode::value.
+/// Where an item's text is within its octets, and its charset; packed into WireNode::value.
 struct TextPlace {
-    int charset; // a MIBenum number, 0 when none is known
-    int head;    // octets in front of the text: code, quotes
-    int tail;    // octets behind it: quote, closing zero
+    int charset; // a MIBenum number, 0 if unknown
+    int head;    // octets before the text: code, quotes
+    int tail;    // octets after it: quote, closing zero
 
     quint64 packed() const { return quint64(charset) << 16 | quint64(head) << 8 | quint64(tail); }
     static TextPlace of(quint64 value) {
@@ -105,11 +106,11 @@ struct TextPlace {
 /// The items of a message.
 class WireTree {
 public:
-    /// Forgets everything and begins anew with these octets.
+    /// Starts anew with these octets.
     void reset(QByteArrayView pdu);
 
     QByteArrayView octets() const { return octets_; }
-    /// Says how far the octets have been read, so that the items there are already can be looked at.
+    /// Sets how far the octets were read: the end of the items so far, which can be used during reading.
     void setEnd(qsizetype end) { end_ = end; }
     const WireNode& node(quint32 index) const { return nodes_[index]; }
     WireNode& node(quint32 index) { return nodes_[index]; }
@@ -118,28 +119,28 @@ public:
     static const WireNode& nodeOf(const MMS_WIRE_Item& item) { return item.tree_->nodes_[item.node_]; }
     static const WireTree& treeOf(const MMS_WIRE_Item& item) { return *item.tree_; }
 
-    /// Where the item behind this one and all inside it is, or will be.
+    /// The index behind this item and all inside it, or that the next item will get.
     quint32 behind(quint32 index) const { return nodes_[index].next ? nodes_[index].next : size(); }
-    /// Where the octets of an item end.
+    /// The position behind an item's octets.
     qsizetype endOf(quint32 index) const {
         const quint32 next = behind(index);
         return next < size() ? nodes_[next].offset : end_;
     }
 
-    /// Adds an item without items inside.
+    /// Adds an item with nothing inside.
     quint32 add(quint16 what, MMS_WIRE_Item::KIND kind, qsizetype offset, quint64 value = 0,
                 quint32 marks = MARK_NONE) {
         nodes_.push_back({offset, value, size() + 1, marks, what, kind, false, false});
         marks_ |= marks;
         return size() - 1;
     }
-    /// Adds an item that is no part of the value around it.
+    /// Adds an item that is not part of the value around it.
     quint32 addSyntax(quint16 what, qsizetype offset, quint64 value, quint32 marks = MARK_NONE) {
         const quint32 index = add(what, MMS_WIRE_Item::NUMBER, offset, value, marks);
         nodes_.back().isSyntax = true;
         return index;
     }
-    /// Adds an item that all items belong to until it is closed.
+    /// Adds an item that contains the items added until it is closed.
     quint32 open(quint16 what, qsizetype offset) {
         const quint32 index = add(what, MMS_WIRE_Item::GROUP, offset);
         nodes_.back().next = 0;
@@ -150,13 +151,13 @@ public:
         nodes_[index].marks |= marks;
         marks_ |= marks;
     }
-    /// All marks there are, together.
+    /// The marks of all items, combined.
     quint32 marks() const { return marks_; }
 
-    /// What the number of an item means, in words; empty for a plain number.
+    /// The word for an item's number; empty for a plain number.
     QString wordsOf(const WireNode& node) const;
 
-    /// Charsets are looked up when a text is asked for.
+    /// Filled when texts are decoded.
     Charsets& charsets() const { return charsets_; }
 
 private:
@@ -167,13 +168,13 @@ private:
     mutable Charsets charsets_;
 };
 
-/// The item inside that has this WIRE_WHAT; the null item when there is none.
+/// The first item inside with this WIRE_WHAT; the null item when there is none.
 MMS_WIRE_Item insideOf(const MMS_WIRE_Item& item, quint16 what);
-/// Whether a field, header or parameter has that name, in the tables or as sent; letter case aside.
+/// Whether a field, header or parameter has that name, from the tables or as sent, in any letter case.
 bool isNamed(const MMS_WIRE_Item& item, QLatin1StringView name);
-/// Whether a number has a meaning there, or needs none.
+/// Whether a number has a meaning there or needs none.
 bool isKnownNumber(quint16 what, quint64 number);
-/// What a mark says.
+/// The text for a mark.
 QString markText(quint32 marks);
-/// The octets of a text item that are its text, and its charset.
+/// The octets of an item's text, without code, quotes and closing zero, and its charset.
 QByteArrayView textOctets(const MMS_WIRE_Item& item, int* charset = nullptr);

@@ -11,10 +11,10 @@ namespace {
 
 struct PhoneType {
     const char* mimeId;
-    const char* extensions; ///< the preferred one first, apart by blanks
+    const char* extensions; ///< separated by blanks, the preferred one first
 };
 
-/// Types that phones send and that the system's MIME database lacks, or may lack.
+/// Types that phones send and that the system's MIME database lacks or may lack.
 constexpr PhoneType PHONE_TYPES[] = {
     {"application/smil", "smil smi"},
     {"application/vnd.oma.dd+xml", "dd"},
@@ -73,7 +73,7 @@ struct PhoneFile {
     const char* mimeId;
 };
 
-/// Files that the system's MIME database does not know, or whose type has another name in messages.
+/// Files that the system's MIME database does not know, or knows under another type than messages use.
 constexpr PhoneFile PHONE_FILES[] = {
     {"dcf", "application/vnd.oma.drm.content"},
     {"dm", "application/vnd.oma.drm.message"},
@@ -86,8 +86,8 @@ constexpr PhoneFile PHONE_FILES[] = {
     {"vcs", "text/x-vcalendar"},
 };
 
-/// The system's type whose name, in lower case, is this. Its database tells capitals apart and finds nearly
-/// every type under a name in lower case; of the few that have capitals the first such look-up makes a list.
+/// The system's type with this name in lower case. The database is case-sensitive and names nearly all types
+/// in lower case; the few others are listed at the first failed look-up.
 QMimeType systemType(const QString& id) {
     const QMimeDatabase system;
     const QMimeType known = system.mimeTypeForName(id);
@@ -128,9 +128,9 @@ QString AM_MimeType::getMimeIdByFile(const QString& fileName, QByteArrayView oct
         if (extension == QLatin1String(file.extension))
             return QString::fromLatin1(file.mimeId);
     const QMimeDatabase system;
-    if (octets.isEmpty()) // the system has a type of its own for empty files
+    if (octets.isEmpty()) // the system reports an own type for empty files
         return system.mimeTypeForFile(fileName, QMimeDatabase::MatchExtension).name().toLower();
-    constexpr qsizetype looked = 16 * 1024; // as far as the database's signatures reach
+    constexpr qsizetype looked = 16 * 1024; // enough for all signatures in the database
     const QByteArray begin = octets.first(std::min(octets.size(), looked)).toByteArray();
     return system.mimeTypeForFileNameAndData(fileName, begin).name().toLower();
 }

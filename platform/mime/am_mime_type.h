@@ -16,8 +16,8 @@ public:
     /// first; empty for an unknown type.
     QStringList getExtListByMimeId(const QString& mimeId) const;
 
-    /// The type, in lower case, under which a file of that name and with those octets travels in a
-    /// message; "application/octet-stream" for an unknown one.
+    /// The MIME type for sending a file with that name and content, in lower case; "application/octet-stream"
+    /// for an unknown one.
     QString getMimeIdByFile(const QString& fileName, QByteArrayView octets) const;
 
 private:

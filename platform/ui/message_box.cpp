@@ -19,10 +19,10 @@ int LumMessageBox::information(QWidget* parent, const QImage& icon, const QStrin
         qCritical().noquote() << text;
         return -1;
     }
-    // becomes null on deletion: the parent may delete the box while it is open
+    // set to null when the parent deletes the box while it is open
     QPointer<QMessageBox> box = new QMessageBox(parent);
     box->setModal(true);
-    box->setTextFormat(Qt::PlainText); // the text of a message must not load links or pictures
+    box->setTextFormat(Qt::PlainText); // a text from a message must not load links or pictures
     box->setText(text);
     if (icon.isNull())
         box->setIcon(QMessageBox::Information);

@@ -2,13 +2,13 @@
 
 #include <QStringView>
 
-/// What of a text a Text-string of a message can hold, which ends at its first zero.
+/// The part of a text that fits into a Text-string: up to the first zero.
 inline QStringView upToZero(QStringView text) {
     const qsizetype zero = text.indexOf(QChar(0));
     return zero < 0 ? text : text.first(zero);
 }
 
-/// Whether a text has no character beyond ASCII, as nearly all texts of a message's headers.
+/// Whether a text is ASCII, as nearly all texts in message headers are.
 inline bool isAscii(QStringView text) {
     char16_t bits = 0;
     for (const QChar c : text)

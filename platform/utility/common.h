@@ -7,8 +7,8 @@
 /// The temporary directory and the WSP numbers of media types.
 class LUM_EXPORT MMS_UTIL_Common {
 public:
-    /// The system's temporary directory, with a closing "/": what TMPDIR names, or "/tmp/" where that is
-    /// no directory or the root directory.
+    /// The system's temporary directory with a closing "/": TMPDIR, or "/tmp/" when TMPDIR is no directory or
+    /// is the root directory.
     static QString getTmpDir();
 
     /// The well-known number (0x00 to 0x4B, WSP assigned numbers, content types) of a media type,

@@ -29,9 +29,9 @@ public:
     virtual void setFrom(MMS_UTIL_Entry from);
     /// Replaces the recipients (To) by copies of these.
     virtual void setTo(QPtrList<MMS_UTIL_Entry> to);
-    /// Replaces the recipients of copies (Cc) likewise.
+    /// Replaces the Cc recipients by copies of these.
     virtual void setCc(QPtrList<MMS_UTIL_Entry> cc);
-    /// Replaces the hidden recipients (Bcc) likewise.
+    /// Replaces the Bcc recipients by copies of these.
     virtual void setBcc(QPtrList<MMS_UTIL_Entry> bcc);
 
     /// Replaces the whole word of FLAG bits.
@@ -49,22 +49,22 @@ public:
 
     /// Adds a recipient and takes it over: the header deletes it. Null is ignored.
     virtual void addToRecipient(MMS_UTIL_Entry* entry);
-    /// The same for a recipient of a copy.
+    /// The same for a Cc recipient.
     virtual void addCcRecipient(MMS_UTIL_Entry* entry);
-    /// The same for a hidden recipient.
+    /// The same for a Bcc recipient.
     virtual void addBccRecipient(MMS_UTIL_Entry* entry);
     /// Adds a copy of a recipient.
     virtual void addToRecipient(MMS_UTIL_Entry& entry);
-    /// Adds a copy of a recipient of a copy.
+    /// Adds a copy of a Cc recipient.
     virtual void addCcRecipient(MMS_UTIL_Entry& entry);
-    /// Adds a copy of a hidden recipient.
+    /// Adds a copy of a Bcc recipient.
     virtual void addBccRecipient(MMS_UTIL_Entry& entry);
 
     /// Sets the subject.
     virtual void setSubject(QString subject);
-    /// Sets the Date: date and time of day, read as local time whatever the time zone of `time`.
+    /// Sets the Date: date and time of day, taken as local time; the time zone of `time` is ignored.
     virtual void setSendTime(QDateTime time);
-    /// Sets the earliest time of delivery, read as local time likewise.
+    /// Sets the earliest time of delivery, taken as local time too.
     virtual void setDeliveryTime(QDateTime time);
     /// Seconds, counted from now, after which the message may be dropped.
     virtual void setExpireTime(unsigned int seconds);
@@ -89,9 +89,9 @@ public:
     MMS_UTIL_Entry getFrom() const { return from_; }
     /// The recipients. The header owns the list and its entries.
     const QPtrList<MMS_UTIL_Entry>& getTo() const { return to_; }
-    /// The recipients of copies likewise.
+    /// The Cc recipients. The header owns the list and its entries.
     const QPtrList<MMS_UTIL_Entry>& getCc() const { return cc_; }
-    /// The hidden recipients likewise.
+    /// The Bcc recipients. The header owns the list and its entries.
     const QPtrList<MMS_UTIL_Entry>& getBcc() const { return bcc_; }
     /// The subject; empty when there is none.
     QString getSubject() const { return subject_; }
@@ -107,7 +107,7 @@ public:
     QDateTime getDeliveryTime() const { return deliveryTime_; }
     /// Seconds, counted from now, after which the message may be dropped.
     unsigned int getExpireTime() const { return expireTime_; }
-    /// The Sender-Visibility flag, as setSenderVisibility() has it.
+    /// The Sender-Visibility flag, see setSenderVisibility().
     bool getSenderVisibility() const { return senderVisibility_; }
     /// Whether a delivery report is asked for.
     bool getDeliveryReportNecessity() const { return deliveryReport_; }

@@ -112,10 +112,10 @@ MMS_COMP_SMILRegion* MMS_COMP_SMILLayout::appendRegion(float left, float top, fl
 bool MMS_COMP_SMILLayout::isRegionExist(MMS_COMP_SMILRegion* region, MMS_COMP_SMILRegion** found) const {
     if (!region)
         return false;
-    // The set keeps the first of several equal regions (setters can make them so).
+    // Setters can make regions equal: the set keeps the first of them.
     for (; indexed_ < regions_.count(); ++indexed_) {
         MMS_COMP_SMILRegion* listed = regions_.at(indexed_);
-        if (SameValues()(listed, listed)) // a region with a "not a number" equals none
+        if (SameValues()(listed, listed)) // a region with a "not a number" equals none, not even itself
             index_.insert(listed);
     }
     const auto equal = index_.find(region);
@@ -136,7 +136,7 @@ int MMS_COMP_SMILLayout::setRootLayout(QDomElement* element) {
     if (!element || !setRootLayout(wholeMeasure(element->attribute(QStringLiteral("width"))),
                                    wholeMeasure(element->attribute(QStringLiteral("height")))))
         return ERR_NO_ROOT_LAYOUT;
-    // A colour that cannot be read is no reason to refuse the layout.
+    // An unreadable colour does not make the layout invalid.
     rootLayout_->setBackgroundColor(element->attribute(QStringLiteral("background-color")));
     return 0;
 }
@@ -155,7 +155,7 @@ bool MMS_COMP_SMILLayout::SameValues::operator()(const MMS_COMP_SMILRegion* a,
 
 void MMS_COMP_SMILLayout::forgetIndex() const {
     if (indexed_ == 0)
-        return; // keeps a run of changes from emptying an empty index each time
+        return; // the index is empty already: without this, each of many changes would clear it
     index_.clear();
     indexed_ = 0;
 }

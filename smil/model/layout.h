@@ -127,8 +127,8 @@ public:
     /// it. Null when there is no memory.
     MMS_COMP_SMILRegion* appendRegion(float left, float top, float width, float height, const QString& fit,
                                       const QString& id);
-    /// Whether a region of the layout has the same six values, numbers compared without tolerance. `found`
-    /// becomes the first such region, or null; it is left unchanged when `region` is null.
+    /// Whether a region of the layout has the same six values; numbers are compared exactly. `found` is set
+    /// to the first such region, or null; it is left unchanged when `region` is null.
     bool isRegionExist(MMS_COMP_SMILRegion* region, MMS_COMP_SMILRegion** found = nullptr) const;
 
     /// Sets the size of the root layout, which is made if there is none; null when it cannot be.

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int NOT_GIVEN = -1;
 
-/// The end of the sign and decimal digits that begin at `from`.
+/// The end of an optional sign at `from`, and of the decimal digits at `from`.
 qsizetype signEnd(QStringView text, qsizetype from) {
     return from < text.size() && (text[from] == u'+' || text[from] == u'-') ? from + 1 : from;
 }
@@ -21,10 +21,9 @@ qsizetype digitsEnd(QStringView text, qsizetype from) {
     return from;
 }
 
-/// The text without its unit, which is assumed to be at the end: "px100" gives "px1", as it does on the
-/// phones.
+/// The text without its unit, as phones cut it: two characters at the end, so that "px100" gives "px1".
 QString withoutUnit(const QString& text) {
-    if (shortNumber(text)) // as most measures are
+    if (shortNumber(text)) // without a unit, the usual case
         return text;
     QString number = text.trimmed().toLower();
     if (number.contains(QLatin1String("px")))
@@ -32,7 +31,7 @@ QString withoutUnit(const QString& text) {
     return number;
 }
 
-/// The part of the text that is a floating-point number, which leaves out "inf" and "nan" too.
+/// The leading floating-point number of a text; empty for "inf" and "nan".
 QStringView leadingNumber(QStringView text) {
     const qsizetype begin = signEnd(text, 0);
     const qsizetype whole = digitsEnd(text, begin);
@@ -60,7 +59,7 @@ int wholeMeasure(const QString& text) {
     const qlonglong value = number.toLongLong(&ok);
     constexpr qlonglong least = std::numeric_limits<int>::min();
     constexpr qlonglong greatest = std::numeric_limits<int>::max();
-    if (!ok) // all digits, but more than 64 bits hold
+    if (!ok) // a number beyond 64 bits
         return static_cast<int>(number.startsWith(u'-') ? least : greatest);
     return static_cast<int>(std::clamp(value, least, greatest));
 }

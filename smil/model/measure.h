@@ -2,10 +2,10 @@
 
 #include <QString>
 
-/// The whole number of pixels that a size text means: "px" is dropped, an empty text gives -1, one
-/// that is no number 0. What no int holds is clamped.
+/// A size text as whole pixels: "px" is dropped, an empty text gives -1, a text that is no number 0. Clamped
+/// to the range of int.
 int wholeMeasure(const QString& text);
 
-/// The number that a region's measure text begins with ("50%" is 50): "px" is dropped, an empty text
-/// gives -1, one that does not begin with a number 0. What no float holds is clamped.
+/// The leading number of a region's measure ("50%" is 50): "px" is dropped, an empty text gives -1, a text
+/// without a leading number 0. Clamped to the range of float.
 float measure(const QString& text);

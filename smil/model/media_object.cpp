@@ -17,7 +17,7 @@ constexpr int LINKED = 0;
 constexpr int CONTENT_MISSING = 3;
 constexpr int ERR_NO_PARAM = -15;
 
-/// The display file type that a part shares with the presentation part once an object uses it.
+/// The display file type of a part that a media object uses; the presentation part has the same.
 constexpr int LINKED_PART = MMS_COMP_SMILMultipartBodypart::PRESENTATION_PART;
 
 } // namespace
@@ -35,7 +35,7 @@ void MMS_COMP_SMILMediaObject::setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_T
 
 bool MMS_COMP_SMILMediaObject::setSrc(const QString& src) {
     src_ = src;
-    alt_ = src; // new content always replaces the text that described the old
+    alt_ = src; // new content replaces the alternative text too
     return true;
 }
 
@@ -49,7 +49,7 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement* element, MMS_COMP_SMILM
     const auto attribute = [element](const QString& name) { return element->attribute(name).trimmed(); };
     const MediaKind* kind = mediaKindOfTag(element->tagName());
     setMediaElementType(kind ? kind->type : MMS_COMP_SMIL_MEDIA_OTHER);
-    src_ = attribute(QStringLiteral("src")); // not setSrc(): the element has its own alternative text
+    src_ = attribute(QStringLiteral("src")); // not setSrc(), which would overwrite the alternative text
     alt_ = attribute(QStringLiteral("alt"));
     regionId_ = attribute(QStringLiteral("region"));
     if (!multipart_)
@@ -61,7 +61,7 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement* element, MMS_COMP_SMILM
     setData(part);
     if (!part)
         return CONTENT_MISSING;
-    // A new part has one reference already, for the first object linked to it.
+    // A part not linked before counts one reference from the start: this one.
     if (part->getDispFileType() == LINKED_PART)
         part->setRefCount(part->getRefCount() + 1);
     part->setDispFileType(LINKED_PART);
@@ -121,7 +121,8 @@ bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject* target,
     target->setSrc(src_);
     target->setRegionId(regionId_);
     target->setMimeType(mimeType_);
-    // The copy begins at this object's end and keeps its own end: deliberate, stored presentations have it.
+    // The copy begins at this object's end and keeps its own end. Deliberate: stored presentations depend on
+    // it.
     target->begin_ = end_;
     target->setAlt(alt_);
     for (const MMS_COMP_SMILMediaObjectParam* param : params_)

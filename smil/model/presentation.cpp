@@ -16,7 +16,7 @@ constexpr int ADDED = 0;
 constexpr int UNKNOWN_KIND = 1;
 constexpr int ERR_NO_MEMORY = -15;
 
-/// No colour, or white: a page that shows nothing without its text.
+/// Whether a page is white or has no colour: without its text it shows nothing.
 bool isPlain(const MMS_COMP_COLOR& color) {
     switch (color.kind) {
     case MMS_COMP_COLOR_NONE:
@@ -72,7 +72,7 @@ MMS_COMP_SMILRegion* MMS_COMP_SMILData::appendRegion(float left, float top, floa
 MMS_COMP_SMILRegion* MMS_COMP_SMILData::appendRegion(const QString& left, const QString& top,
                                                      const QString& width, const QString& height,
                                                      const QString& fit, const QString& id) {
-    // There is one unit for the whole document, and no region sets it back to pixels.
+    // One unit serves the whole document: a single percentage switches it, and nothing switches it back.
     for (const QString& text : {left, top, width, height})
         if (text.contains(u'%'))
             measureUnit_ = MMS_COMP_SMIL_UNIT_PERCENT;
@@ -132,8 +132,8 @@ int MMS_COMP_SMILData::appendElementObject(QDomElement* element, MMS_COMP_SMILMu
     if (!mediaKindOfTag(tag))
         return UNKNOWN_KIND;
 
-    // The content is looked up before the place: only elements that are then added walk the slide, so
-    // that a slide of many objects costs no more than its size.
+    // Elements without content are skipped before the slide is searched for a free place: the search takes
+    // time linear in its objects.
     std::unique_ptr<MMS_COMP_SMILMediaObject> added(new (std::nothrow) MMS_COMP_SMILMediaObject(multipart));
     if (!added)
         return ERR_NO_MEMORY;
@@ -171,7 +171,7 @@ void MMS_COMP_SMILData::removeEmptyTextBeforeSend() {
         const MMS_COMP_SMILMediaObject* text = slide->getTextElem(false);
         if (!text || (text->getData() && !text->getData()->getBodyData().isEmpty()))
             continue;
-        // A coloured page is something to show, and its empty text may be all that makes it a slide.
+        // A coloured page shows even without text; the empty text may be the only object of its slide.
         if (isPlain(slide->getPageColor()) || slide->isImageExist() || slide->isAudioExist())
             slide->removeTextElem();
     }
@@ -198,7 +198,7 @@ bool MMS_COMP_SMILData::copyLayoutTo(MMS_COMP_SMILData* target) const {
         if (!copy)
             return false;
         if (target->layout_.isRegionExist(copy.get()))
-            continue; // an equal region would be refused, and stay ours
+            continue; // appendRegion() would refuse an equal region and not take ownership
         target->appendRegion(copy.release());
     }
     return true;

@@ -22,7 +22,7 @@ bool isText(const MMS_COMP_SMILMediaObject* object) {
     return object->getMediaElementType() == MMS_COMP_SMIL_MEDIA_TEXT;
 }
 
-/// A text object without a part, or with one whose text ends before its first character.
+/// Whether an object is a text without a part or with an empty one: no octets, or a zero first.
 bool isEmptyText(const MMS_COMP_SMILMediaObject* object) {
     if (!isText(object))
         return false;
@@ -68,7 +68,7 @@ bool MMS_COMP_SMILTimingContainer::isVideoExist() const {
     return isElemExist(MMS_COMP_SMIL_MEDIA_VIDEO);
 }
 
-// A video takes the place of an image, so it counts as one.
+// A video counts too: a slide has one image or one video.
 bool MMS_COMP_SMILTimingContainer::isImageExist() const {
     return std::any_of(begin(), end(), isImageLike);
 }

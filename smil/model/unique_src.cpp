@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The names in use in a document and its container, gathered once for any number of candidates.
+/// The names in use in a document and its container, gathered once for any number of look-ups.
 class TakenNames {
 public:
     explicit TakenNames(const MMS_COMP_SMILData& document) {
@@ -19,7 +19,7 @@ public:
                 add(object->getData());
             }
         }
-        // Attachments are in no slide.
+        // Attachments are parts that no slide uses.
         MMS_COMP_SMILMultipart* multipart = document.getMultiPart();
         for (int i = 0; multipart && i < multipart->getPartCount(); ++i)
             add(multipart->getBodypartByIndex(i, false));
@@ -36,7 +36,7 @@ private:
     }
 
     QSet<QString> sources_;
-    QSet<const MMS_COMP_SMILMultipartBodypart*> parts_; // many objects may share one
+    QSet<const MMS_COMP_SMILMultipartBodypart*> parts_; // several objects can use the same part
     PartNames partNames_{BodypartList()};
 };
 

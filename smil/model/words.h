@@ -50,14 +50,15 @@ inline QLatin1String fitWord(int fit) {
     return fit >= 0 && fit < MMS_COMP_SMIL_FIT_OTHER ? regionFitWords[fit] : QLatin1String();
 }
 
-/// The words of MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE likewise; MMS_COMP_SMIL_PARAM_OTHER has none.
+/// The words of MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE, in the order of its numbers;
+/// MMS_COMP_SMIL_PARAM_OTHER has none.
 inline constexpr QLatin1String paramTypeWords[] = {
     QLatin1String("data"),
     QLatin1String("ref"),
     QLatin1String("object"),
 };
 
-/// The place of exactly this word in a table; behind the last word for any other text.
+/// The index of exactly this word in a table; one past the last for any other text.
 template <size_t count>
 int indexOfWord(const QLatin1String (&words)[count], QStringView text) {
     const auto* word = std::find_if(words, words + count, [text](QLatin1String w) { return text == w; });

@@ -10,8 +10,7 @@ static_assert(FLT_EVAL_METHOD == 0, "regions are compared in single precision");
 constexpr int SCREEN_WIDTH = 120;
 constexpr int SCREEN_HEIGHT = 160;
 
-/// A region of the phone's screen. Both are as high as the whole screen: they are stacked, and "image"
-/// begins at its lower edge.
+/// A standard region of the phone. Each has the size of the screen; "image" is below "text".
 struct StandardRegion {
     float left, top, width, height;
     QString id;
@@ -30,8 +29,9 @@ void append(MMS_COMP_SMILData& data, const StandardRegion& region) {
                       region.id);
 }
 
-/// Renames the region and what refers to it, one region after the other. A name that is both old and new
-/// is deliberately not handled: in a layout of "image" above "text" everything ends up in "image".
+/// Renames a region and the references to it. Deliberately one region after the other: if a new name is
+/// another region's old one, their references merge, and a layout of "image" above "text" ends with all
+/// objects in "image".
 void relabel(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& region, const QString& id) {
     MMS_COMP_SMILParser::updateObjectRegionId(&data, region.getId(), id);
     region.setId(id);
@@ -45,8 +45,8 @@ void place(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& region, const StandardR
     relabel(data, region, standard.id);
 }
 
-/// Whether one region begins where another ends, or behind it, give or take a hundredth. The sums are
-/// in single precision and the comparison in double, as the phones calculate.
+/// Whether `start` is at or behind the other region's end, within 0.01. Sums are in single precision and the
+/// comparison in double, as on phones.
 bool beginsBehind(float start, float otherStart, float otherExtent) {
     const float otherEnd = otherStart + otherExtent;
     const float gap = start - otherEnd;
@@ -62,8 +62,8 @@ bool isBelow(const MMS_COMP_SMILRegion& region, const MMS_COMP_SMILRegion& other
 }
 
 void normaliseTwo(MMS_COMP_SMILData& data, MMS_COMP_SMILRegion& first, MMS_COMP_SMILRegion& second) {
-    // The second region becomes the text only if it is to the left of the first. That it lies above the
-    // first does not count, deliberately: then, and if the two overlap, their order decides.
+    // The second region becomes "text" only if it is left of the first. Being above it does not count,
+    // deliberately: such regions, and overlapping ones, keep their order.
     const bool inOrder = isRightOf(second, first) || isBelow(second, first) || !isRightOf(first, second);
     place(data, inOrder ? first : second, textRegion());
     place(data, inOrder ? second : first, imageRegion());
@@ -74,7 +74,7 @@ bool isNamedLike(const MMS_COMP_SMILRegion& region, QLatin1StringView one, QLati
     return id.contains(one, Qt::CaseInsensitive) || id.contains(other, Qt::CaseInsensitive);
 }
 
-/// The first region but `except` whose id has one of the words in it; `otherwise` if there is none.
+/// The index of the first region other than `except` whose id contains one of the words; else `otherwise`.
 int findNamed(const MMS_COMP_SMILData& data, QLatin1StringView one, QLatin1StringView other, int except,
               int otherwise) {
     for (int i = 0; i < data.getRegionCount(); ++i)
@@ -83,7 +83,7 @@ int findNamed(const MMS_COMP_SMILData& data, QLatin1StringView one, QLatin1Strin
     return otherwise;
 }
 
-/// Of three or more regions two get the standard names; none is moved.
+/// In a layout of three or more regions two are renamed to the standard names, and none is moved.
 void normaliseMany(MMS_COMP_SMILData& data) {
     const auto region = [&data](int index) -> MMS_COMP_SMILRegion& {
         return *data.getRegion(static_cast<unsigned int>(index));

@@ -28,10 +28,10 @@ constexpr int WARNING_NONE = 0;
 constexpr int WARNING_SKIPPED = 1;
 
 constexpr int BARE_ELEMENT_DURATION = 5000;
-// Containers within containers: reading calls itself for each, and no phone writes more than two.
+// The deepest nesting of seq and par, which are read recursively. Phones write at most two levels.
 constexpr int MAX_TIMING_DEPTH = 10;
 
-// The standard regions letter for letter as the phones of the family write them, and sometimes twice.
+// The standard regions exactly as phones write them, sometimes twice.
 constexpr QLatin1StringView STANDARD_REGIONS[] = {
     QLatin1StringView(
         "<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" fit=\"hidden\" />"),
@@ -39,15 +39,15 @@ constexpr QLatin1StringView STANDARD_REGIONS[] = {
         "<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" fit=\"hidden\" />"),
 };
 
-/// Removes the first of several equal declarations; one only, however many there are.
+/// Removes the first copy of a declaration that occurs more than once; the others stay.
 void removeDuplicate(QString& smil, QLatin1StringView declaration) {
     const qsizetype first = smil.indexOf(declaration);
     if (first >= 0 && smil.indexOf(declaration, first + declaration.size()) >= 0)
         smil.remove(first, declaration.size());
 }
 
-/// The text of octets that come without their closing zero, made ready for the XML reader. `skipped` is what
-/// stood before it.
+/// The octets as text for the XML reader: without closing zero, without a duplicate of a standard region,
+/// from "<smil" on. `skipped` is set to the text before it.
 QString repairedText(const QArray<char>& octets, bool keepDuplicates, QString& skipped) {
     const qsizetype size = octets.size();
     QString smil = QString::fromUtf8(octets.data(), octets[size - 1] == '\0' ? size - 1 : size);
@@ -59,9 +59,9 @@ QString repairedText(const QArray<char>& octets, bool keepDuplicates, QString& s
     return start > 0 ? smil.sliced(start) : smil;
 }
 
-/// The text of an XML file as the XML reader will see it: in the encoding that it declares, or that its first
-/// octets show. Nothing for a file that the reader refuses at once, and for one whose declaration is another
-/// text in the encoding that it declares: what the reader makes of that cannot be foretold.
+/// The text of an XML file in the encoding that the XML reader will use: declared, or detected from the first
+/// octets. Nothing when the reader would refuse the file, or when decoding changes the declaration itself:
+/// the limits could then be checked on another text than the one parsed.
 std::optional<QString> shownXml(const QByteArray& octets) {
     QXmlStreamReader reader(octets);
     reader.readNext();
@@ -74,18 +74,18 @@ std::optional<QString> shownXml(const QByteArray& octets) {
         return text;
     QStringDecoder decode(declared.constData());
     const QString declaredText = decode.isValid() ? QString(decode(octets)) : QString();
-    const auto declaration = static_cast<qsizetype>(reader.characterOffset()); // no further than octets
+    const auto declaration = static_cast<qsizetype>(reader.characterOffset()); // at most the number of octets
     if (declaredText.first(std::min(declaration, declaredText.size())) !=
         text.first(std::min(declaration, text.size())))
         return std::nullopt;
     return declaredText;
 }
 
-/// Builds the tree of a QString, or of the octets of a file; false, and the place of the error, for one that
-/// is not well-formed.
+/// Builds the document tree from a QString, or from the octets of a file. False with the place of the error
+/// when it is not well-formed.
 template <typename Text>
 bool setContent(QDomDocument& document, const Text& smil, int* line, int* column) {
-#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0) // what stands below is deprecated since
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0) // the overload used below is deprecated since 6.5
     const QDomDocument::ParseResult result = document.setContent(smil);
     *line = static_cast<int>(result.errorLine);
     *column = static_cast<int>(result.errorColumn);
@@ -117,7 +117,7 @@ void MMS_COMP_SMILParser::startOver() {
     errorColumn_ = 0;
 }
 
-/// Remembers the place of an error, and gives the status.
+/// Stores the place of an error and returns the status.
 int MMS_COMP_SMILParser::failedAt(const QDomElement& element, int status) {
     errorLine_ = element.lineNumber();
     errorColumn_ = element.columnNumber();
@@ -130,7 +130,7 @@ int MMS_COMP_SMILParser::parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body,
         return ERR_MISSING;
     QString skipped;
     const int result = parseText(repairedText(smil, layoutKept_, skipped), body, data);
-    if (errorLine_ == 1) // the places are those of the text as it came
+    if (errorLine_ == 1) // make it a position in the text as received
         errorColumn_ += static_cast<int>(skipped.size() - 1 - skipped.lastIndexOf(u'\n'));
     if (errorLine_)
         errorLine_ += static_cast<int>(skipped.count(u'\n'));
@@ -144,7 +144,7 @@ int MMS_COMP_SMILParser::parse(const QString& path, MMS_COMP_SMILMultipart* body
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return ERR_NO_FILE;
-    // A file is taken as it stands, on purpose: nothing is repaired or passed over.
+    // A file is read unchanged, deliberately: no repairs, nothing skipped.
     const QByteArray octets = file.readAll();
     const std::optional<QString> smil = shownXml(octets);
     if (!smil)
@@ -175,7 +175,7 @@ int MMS_COMP_SMILParser::parseText(const QString& smil, MMS_COMP_SMILMultipart* 
     return parseDocument(document, wellFormed, body, data);
 }
 
-/// Reads a document, if it could be made.
+/// Reads a document if it is well-formed.
 int MMS_COMP_SMILParser::parseDocument(const QDomDocument& document, bool wellFormed,
                                        MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data) {
     if (!wellFormed)
@@ -234,7 +234,7 @@ int MMS_COMP_SMILParser::parseSmilHead(QDomElement* element, MMS_COMP_SMILData* 
             layoutRead = true;
             result = parseSmilLayout(&child, data);
         } else {
-            return READ; // the rest of the head is of no use, and no warning is given
+            return READ; // the rest of the head is ignored, without a warning
         }
         if (result != READ)
             return result;
@@ -253,8 +253,8 @@ int MMS_COMP_SMILParser::parseSmilMeta(QDomElement* element, MMS_COMP_SMILData* 
 int MMS_COMP_SMILParser::parseSmilLayout(QDomElement* element, MMS_COMP_SMILData* data) {
     if (isMissing(element) || !data)
         return ERR_MISSING;
-    // Read are regions, the first root layout and regions again. What else stands there is passed over
-    // with a warning: an unknown element, the one region right behind it, any further root layout.
+    // Regions and the first root-layout are read. Others are skipped with a warning: unknown elements, the
+    // one region right behind each of them, further root-layouts.
     bool rootLayoutRead = false;
     bool behindUnknown = false;
     for (QDomElement child = element->firstChildElement(); !child.isNull();
@@ -308,7 +308,7 @@ int MMS_COMP_SMILParser::parseSmilSeq(QDomElement* element, MMS_COMP_SMILMultipa
     return readSlides(element, body, data, parseDur(element->attribute(QStringLiteral("dur"))), depth);
 }
 
-/// Reads the children of a `body` or `seq`, where every media element is a slide of its own.
+/// Reads the children of a `body` or `seq`: each media element becomes a slide.
 int MMS_COMP_SMILParser::readSlides(QDomElement* element, MMS_COMP_SMILMultipart* body,
                                     MMS_COMP_SMILData* data, int duration, int& depth) {
     for (QDomElement child = element->firstChildElement(); !child.isNull();
@@ -341,10 +341,10 @@ int MMS_COMP_SMILParser::parseSmilPar(QDomElement* element, MMS_COMP_SMILMultipa
         int result = READ;
         if (isContainer(tag)) {
             result = readContainer(&child, body, data, depth);
-            newSlide = true; // the last slide is now the inner container's
+            newSlide = true; // the last slide belongs to the inner container
         } else if (isBodyElement(tag)) {
             result = readMedia(&child, body, data, newSlide, duration);
-            newSlide = false; // also when the element's content was missing and it was passed over
+            newSlide = false; // also when the element was skipped for missing content
         }
         if (result != READ)
             return result;
@@ -352,7 +352,7 @@ int MMS_COMP_SMILParser::parseSmilPar(QDomElement* element, MMS_COMP_SMILMultipa
     return READ;
 }
 
-/// Reads a `seq` or `par` that stands within `depth` others.
+/// Reads a `seq` or `par` nested in `depth` others.
 int MMS_COMP_SMILParser::readContainer(QDomElement* element, MMS_COMP_SMILMultipart* body,
                                        MMS_COMP_SMILData* data, int& depth) {
     if (depth >= MAX_TIMING_DEPTH)
@@ -364,7 +364,7 @@ int MMS_COMP_SMILParser::readContainer(QDomElement* element, MMS_COMP_SMILMultip
     return result;
 }
 
-/// Adds a media element to the document. One that the document passes over is no error but a warning.
+/// Adds a media element to the document. One that the document skips sets a warning.
 int MMS_COMP_SMILParser::readMedia(QDomElement* element, MMS_COMP_SMILMultipart* body,
                                    MMS_COMP_SMILData* data, bool newSlide, int duration) {
     MMS_COMP_SMILMediaObject* object = nullptr;

@@ -16,7 +16,8 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int;
 
 /// Reads SMIL presentations into a document, normalises their layout for the phone's screen, and writes them.
 ///
-/// A parser owns nothing, and keeps only its last warning and error: it may read many documents in turn.
+/// A parser owns nothing and keeps only its last warning and error, so that it can read any number of
+/// documents.
 ///
 /// The reading members return a status, 0 for success. A failure ends the reading; the document keeps what
 /// was added before:
@@ -25,7 +26,7 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int;
 /// |---|---|
 /// | -1 | the file cannot be opened |
 /// | -6 | an argument is missing, the text is empty, or a node is no element |
-/// | -8 | not well-formed XML, or built to exhaust the reader |
+/// | -8 | not well-formed XML, or a limit against resource exhaustion broken |
 /// | -9 | the root element is not "smil" |
 /// | -10 | a `head` behind the `body` |
 /// | -11 | a second `body` |
@@ -33,7 +34,7 @@ enum MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE : int;
 /// | -15 | no memory for a slide |
 /// | -16 | `seq` and `par` nested deeper than 10, or elements of any kind deeper than 128 |
 /// | 2 | a region cannot be added |
-/// | other | what the document's setRootLayout() or appendElementObject() gave |
+/// | other | the result of the document's setRootLayout() or appendElementObject() |
 class LUM_EXPORT MMS_COMP_SMILParser {
 public:
     MMS_COMP_SMILParser() = default;
@@ -45,24 +46,22 @@ public:
     int parse(QArray<char>& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     /// The same: octets are a text, not a path.
     int parse(const QByteArray& smil, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
-    /// The same for the file at `path`, which must be an XML document as it stands, in any encoding that Qt
-    /// knows.
+    /// The same for the file at `path`: an XML document in any encoding that Qt knows, read unchanged.
     int parse(const QString& path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
     /// The same for a path in UTF-8.
     int parse(const char* path, MMS_COMP_SMILMultipart* body, MMS_COMP_SMILData* data);
-    /// What the last parse() passed over: 0 nothing; 1 an element that has no place where it stood;
-    /// 3 a media element whose content is missing; another positive value as the document gave it.
+    /// What the last parse() skipped: 0 nothing; 1 an element in a place where it is not allowed; 3 a media
+    /// element whose content is missing; another positive value from the document.
     int getLastWarning() const { return warning_; }
 
     /// Makes parse() leave the layout as the sender wrote it, instead of normalising it for the phone's
-    /// screen. Nothing is dropped then, and references to regions stay. Off in a new parser.
+    /// screen: no region is dropped or renamed. Off in a new parser.
     void setLayoutKept(bool kept) { layoutKept_ = kept; }
 
-    /// The line of the text, counted from 1, at which the last parse() met its error: of the markup that is
-    /// not well-formed, or of the element that has no place there. 0 without an error, and for one that no
-    /// single place has.
+    /// The line, counted from 1, of the error of the last parse(): of the markup that is not well-formed, or
+    /// of the element that is not allowed there. 0 without an error, and for an error without a single place.
     int getErrorLine() const { return errorLine_; }
-    /// The character of that line, counted from 1; 0 without a line.
+    /// The character in that line, counted from 1; 0 without a line.
     int getErrorColumn() const { return errorColumn_; }
 
     /// Reads the root element: a `head` and a `body`, each at most once and in this order.
@@ -73,7 +72,7 @@ public:
     int parseSmilMeta(QDomElement* element, MMS_COMP_SMILData* data);
     /// Reads a `layout`: regions, a root layout, regions. Anything else sets warning 1.
     int parseSmilLayout(QDomElement* element, MMS_COMP_SMILData* data);
-    /// Hands a `root-layout` element to the document and gives its result.
+    /// Passes a `root-layout` element to the document and returns its result.
     int parseSmilRootLayout(QDomElement* element, MMS_COMP_SMILData* data);
     /// Adds a `region`; 2 when the document refuses it.
     int parseSmilRegion(QDomElement* element, MMS_COMP_SMILData* data);
@@ -87,7 +86,7 @@ public:
     /// Checks the children of a media element that gave `object`: any but `param` sets warning 1.
     int parseMediaObjectParam(QDomElement* element, MMS_COMP_SMILMediaObject* object);
 
-    /// Whether the element is one that a body is made of: par, seq, text, img, audio, video or ref.
+    /// Whether the element is a par, seq, text, img, audio, video or ref.
     static bool isValidBodyElement(QDomElement* element);
     /// The next node on the same level; a null node behind the last.
     static QDomNode getNextSibling(QDomNode node);
@@ -101,9 +100,9 @@ public:
     /// 5000 for a text that cannot be read. Read are a number with the unit "min", "ms", "s" or "h",
     /// and minutes:seconds.milliseconds. The text is not trimmed.
     static int parseDur(const QString& text);
-    /// Reads the begin or end of a media object into `time`: what parseDur() reads, or a place
-    /// relative to another element, as in "id(a)(begin)", "id(a)(end)" or "id(a)(2s)". An empty text
-    /// sets type 2, an unreadable one type 3. A missing `time` is ignored.
+    /// Reads the begin or end of a media object into `time`: what parseDur() reads, or a time relative to
+    /// another element: "id(a)(begin)", "id(a)(end)" or "id(a)(2s)". An empty text sets type 2, an unreadable
+    /// one type 3. A missing `time` is ignored.
     static void parseTime(const QString& text, MMS_COMP_SMIL_TIME* time);
     /// Reads a colour into `color`: one of sixteen names in lower case, "#rrggbb", or "#rgb" whose digits are
     /// the components themselves ("#fff" is 15, 15, 15). The outcome is the record's kind: 0 for an empty

@@ -10,11 +10,11 @@ constexpr int DURATION_INDEFINITE = -2;
 constexpr int AT_END = -1;
 constexpr int MEASURE_DIGITS = 6;
 
-// Room for the frame of a presentation, and for a slide of two objects with common names.
+// Estimated characters of a presentation without slides, and of a slide of two objects.
 constexpr qsizetype FRAME_SIZE = 512;
 constexpr qsizetype SLIDE_SIZE = 256;
 
-/// Appends fragments and values to one text. Nothing is escaped: what a value holds is written.
+/// Appends texts and numbers to one text, without escaping.
 class Output {
 public:
     explicit Output(qsizetype expectedSize) { text_.reserve(expectedSize); }
@@ -43,7 +43,7 @@ private:
 
 void writeRootLayout(Output& out, const MMS_COMP_SMILRootLayout& layout) {
     out << u"<root-layout height=\"" << layout.getHeight() << u"\" width=\"" << layout.getWidth();
-    // With a colour the closing quote of the width is missing. The phones write it so and expect it so.
+    // With a colour the width's closing quote is missing. Deliberate: phones write and expect it so.
     const MMS_COMP_COLOR& background = *layout.getBackgroundColor();
     if (background.kind == MMS_COMP_COLOR_NAMED || background.kind == MMS_COMP_COLOR_NUMERIC)
         out << u" background-color=\"" << background.color.name(QColor::HexRgb);
@@ -54,7 +54,7 @@ void writeRegion(Output& out, const MMS_COMP_SMILRegion& region, QStringView uni
     out << u"<region ";
     if (const QString id = region.getId(); !id.isEmpty())
         out << u"id=\"" << id << u"\"";
-    // The doubled blanks belong to the format: a second copy of a standard region is found by its text.
+    // The doubled blanks matter: parse() finds duplicates of standard regions by this exact text.
     if (!(region.getHeight() < 0.0F))
         out << u"  height=\"" << region.getHeight() << unit;
     if (!(region.getWidth() < 0.0F))
@@ -80,7 +80,7 @@ void writeHead(Output& out, const MMS_COMP_SMILData& data) {
     out << u"</layout> \n</head>\n";
 }
 
-/// A begin or end time, whichever `name` says; none if there is none or it was unreadable.
+/// Writes a begin or end time as attribute `name`; nothing if it is unset or was unreadable.
 void writeTime(Output& out, QStringView name, const MMS_COMP_SMIL_TIME& time) {
     if (time.type == MMS_COMP_SMIL_TIME_OFFSET) {
         out << u" " << name << u"=\"" << time.value << u"ms\"";
@@ -104,7 +104,7 @@ void writeParam(Output& out, const MMS_COMP_SMILMediaObjectParam& param) {
         open = true;
         return out;
     };
-    // The name goes with a value; without one it is left out.
+    // The name is written only with a value.
     if (!value.isEmpty())
         attribute(u"name=\"") << param.getName() << u"\" value=\"" << value << u"\"";
     if (param.getValueType() == MMS_COMP_SMIL_PARAM_REF)
@@ -117,7 +117,7 @@ void writeParam(Output& out, const MMS_COMP_SMILMediaObjectParam& param) {
         out << u" />\n";
 }
 
-/// Writes an object of a kind that has a tag, in opening and closing tag even if nothing is inside.
+/// Writes an object as opening and closing tag, even when nothing is between them.
 void writeObject(Output& out, const MMS_COMP_SMILMediaObject& object, const MediaKind& kind) {
     const QString src = object.getSrc();
     const QString alt = object.getAlt();
@@ -127,7 +127,7 @@ void writeObject(Output& out, const MMS_COMP_SMILMediaObject& object, const Medi
         out << u" src=\"" << src << u"\"";
     if (!alt.isEmpty())
         out << u" alt=\"" << alt << u"\"";
-    // Audio needs no region, and deliberately none is written for a video: the phones expect it so.
+    // Audio has no region. None is written for a video either, deliberately: phones expect that.
     const bool placed = kind.type != MMS_COMP_SMIL_MEDIA_AUDIO && kind.type != MMS_COMP_SMIL_MEDIA_VIDEO;
     if (placed && !QStringView(region).trimmed().isEmpty())
         out << u" region=\"" << region << u"\"";
@@ -150,7 +150,7 @@ void writeSlide(Output& out, const MMS_COMP_SMILTimingContainer& slide) {
         if (const MediaKind* kind = mediaKindOfType(object->getMediaElementType()))
             writeObject(out, *object, *kind);
         else if (object->getMediaElementType() != MMS_COMP_SMIL_MEDIA_OTHER)
-            break; // a number that is no kind ends the slide
+            break; // a value outside the enumeration ends the slide
     }
     out << u"</par>\n";
 }

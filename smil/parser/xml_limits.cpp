@@ -11,13 +11,14 @@ constexpr int ALLOWED = 0;
 constexpr int REFUSED = -8;
 constexpr int TOO_DEEP = -16;
 
-constexpr qsizetype COUNTED_XML = 16384; // longer texts go to the scan without being counted first
+constexpr qsizetype COUNTED_XML = 16384; // longer texts are scanned without this count first
 
-/// Whether a "&" begins a reference to a character, but for "&" and "%", which would begin a reference anew.
+/// Whether a "&" begins a character reference, other than to "&" and "%", which could begin a reference
+/// themselves.
 bool isCharacterReference(QStringView text) {
     if (!text.startsWith(QLatin1StringView("&#")))
         return false;
-    constexpr qsizetype longest = 16; // with leading zeros
+    constexpr qsizetype longest = 16; // allows for leading zeros
     const QStringView number = text.sliced(2, std::min(text.size() - 2, longest));
     const qsizetype hexadecimal = number.startsWith(u'x') ? 1 : 0;
     const qsizetype end = number.indexOf(u';');
@@ -28,8 +29,8 @@ bool isCharacterReference(QStringView text) {
     return ok && character != u'&' && character != u'%';
 }
 
-/// Whether the declaration of an entity may itself use entities, also those that only a declaration
-/// can use ("%"). Ten such lines are enough to expand to 10,000,000,000 pieces of nothing.
+/// Whether an entity declaration may use other entities, including parameter entities ("%"). Ten such lines
+/// can expand to 10,000,000,000 references.
 bool nestsEntities(QStringView declaration) {
     for (qsizetype i = 0; i < declaration.size(); ++i)
         if (declaration[i] == u'%' ||
@@ -38,8 +39,8 @@ bool nestsEntities(QStringView declaration) {
     return false;
 }
 
-/// Whether there is too little markup for breaking a limit, as in almost every presentation: each
-/// element takes a "<", each attribute a "=", each declaration a "!". Long texts are not counted here.
+/// Whether a short text has too little markup to break a limit, the usual case: no more "<" than elements may
+/// be nested, no more "=" than a tag may have attributes, and no declaration ("!").
 bool isHarmless(QStringView xml) {
     if (xml.size() > COUNTED_XML)
         return false;
@@ -54,7 +55,7 @@ bool isHarmless(QStringView xml) {
     return elements <= MAX_XML_DEPTH && attributes <= MAX_XML_ATTRIBUTES && declarations == 0;
 }
 
-/// Whether the XML reader, up to its first error, meets an element that is too deep.
+/// Whether the XML reader meets an element nested too deep before its first error.
 bool readsTooDeep(const QString& xml) {
     QXmlStreamReader reader(xml);
     reader.setNamespaceProcessing(false);
@@ -69,13 +70,13 @@ bool readsTooDeep(const QString& xml) {
     return depth > MAX_XML_DEPTH;
 }
 
-/// Walks over a text from one piece of markup to the next.
+/// Walks through the markup of a text.
 class MarkupScan {
 public:
     explicit MarkupScan(QStringView xml) : xml_(xml) {}
 
-    /// The first limit that the markup breaks. Where entities or default attributes are declared, what is
-    /// read is not what is written: then the text must be short, and no entity use another.
+    /// Checks all markup; returns the first limit broken. When entities or default attributes are declared,
+    /// the document can be larger than its text: the text must then be short, and no entity may use another.
     int check() {
         while ((at_ = xml_.indexOf(u'<', at_)) >= 0) {
             const QStringView markup = xml_.sliced(at_);
@@ -96,7 +97,7 @@ public:
         return ALLOWED;
     }
 
-    /// Whether check() met the declaration of an entity or of default attributes.
+    /// Whether check() found a declaration of an entity or of default attributes.
     bool declares() const { return declares_; }
 
 private:
@@ -105,8 +106,8 @@ private:
         at_ = found < 0 ? xml_.size() : found + closing.size();
     }
 
-    /// Passes over one tag or declaration, keeping count of the depth; the number of its attributes,
-    /// that is of its quoted values. A document type stops before the declarations inside it.
+    /// Skips one tag or declaration and updates the depth. Returns the number of its quoted values, which are
+    /// its attributes. In a document type it stops at the first declaration inside.
     qsizetype readTag(QChar kind) {
         const bool declaration = kind == u'!';
         const qsizetype begin = at_;
@@ -153,7 +154,7 @@ int checkXmlLimits(const QString& xml) {
         return ALLOWED;
     MarkupScan scan(xml);
     const int result = scan.check();
-    // what entities and default attributes bring only the reader knows
+    // with entities or default attributes only the XML reader knows the depth
     if (result == TOO_DEEP || (result == ALLOWED && scan.declares()))
         return readsTooDeep(xml) ? TOO_DEEP : ALLOWED;
     return result;
