@@ -29,7 +29,7 @@ public:
     static unsigned char readFrom(LinearBuffer* buffer, int* out);
     /// Writes the value. Answers CODEC_WRITTEN.
     static unsigned char writeTo(LinearBuffer* buffer, int value);
-    /// Octets that writeTo() writes.
+    /// Octets that writeTo() writes for a value of 0 or more; 1 for any other.
     static int sizeOf(int value);
 };
 

@@ -134,6 +134,8 @@ unsigned char EntryReader::readParameters(int end) {
             part_->setContentLocation(location);
         } else {
             result = PlainTextBinary::readFrom(in_, &texts[isValue]);
+            if (code == octetQuote) // belongs to these texts
+                texts[isValue].prepend(QChar(octetQuote));
             if (isValue && texts[0].endsWith(QLatin1String("boundary")) && !texts[1].isEmpty()) {
                 part_->setBoundary(texts[1]);
                 hasBoundary_ = true;

@@ -47,6 +47,7 @@ TEST(BodyPart, PayloadIsPrivateButSharedByCopies) {
     part.getSubBody(0)->setBodyData("12345", 5);
     EXPECT_EQ(part.getBodyDataLen(), 8);
     EXPECT_EQ(part.setBodyData(nullptr, 5), Part::ERR_NO_MEMORY);
+    EXPECT_EQ(QByteArray(part.getBodyData()), "abc");
     EXPECT_EQ(part.setBodyData("x", 0), 0);
     EXPECT_TRUE(part.getBodyData().isEmpty());
 }

@@ -107,7 +107,8 @@ TEST(MultipartReading, Heads) {
         {octets("05 9E 85", zeroed("a.jpg")) + octets("C0", zeroed("<c>")), "image/jpeg|a.jpg|<c>||4"},
         {octets("17 9E 85", QByteArray(")&&locStr.endsWith(a\0", 21)), "image/jpeg|&&locStr.endsWith(|||4"},
         {octets("0F 9E", QByteArray("xboundary\0\x85z\0b\0", 15)), "image/jpeg|z||b|4"}, // with a name in it
-        {octets("0E 9E", QByteArray("a\0boundary\0\x81\xEA", 13)), "image/jpeg||||4"},   // a value
+        {octets("0D 9E", QByteArray("boundary\0\x7Fx\0", 12)), "image/jpeg|||\x7Fx|4"},
+        {octets("0E 9E", QByteArray("a\0boundary\0\x81\xEA", 13)), "image/jpeg||||4"}, // a value
         {octets("04 9E 85 61 00 8E 7F C3 A9 00"), "image/jpeg|\xC3\xA9|||4"},
         {octets("06 9E 85 7F C3 A9 00 8E C3 A9 00"), "image/jpeg|\xC3\xA9|||4"}, // UTF-8 only the second time
         {octets("9E C0 22 3C 61 3E 00", prompt), "image/jpeg||<a>||5"},

@@ -91,10 +91,12 @@ TEST(Setting, largestMessageSizeAndTemporaryDirectory) {
 TEST(MimeTypes, areFoundWhateverTheirCase) {
     int withCapitals = 0;
     for (const QMimeType& type : QMimeDatabase().allMimeTypes())
-        if (type.name() != type.name().toLower() && !type.suffixes().isEmpty()) {
-            ++withCapitals;
-            EXPECT_EQ(AM_MimeType::instance()->getExtListByMimeId(type.name()), type.suffixes());
-        }
+        for (const QString& name : QStringList(type.name()) + type.aliases())
+            if (name != name.toLower() && !type.suffixes().isEmpty()) {
+                ++withCapitals;
+                EXPECT_EQ(AM_MimeType::instance()->getExtListByMimeId(name), type.suffixes())
+                    << qPrintable(name);
+            }
     EXPECT_GT(withCapitals, 0);
 }
 

@@ -11,10 +11,10 @@ namespace {
 
 struct PhoneType {
     const char* mimeId;
-    const char* extensions; ///< separated by blanks, the preferred one first
+    const char* extensions; ///< the preferred one first, apart by blanks
 };
 
-/// Types that phones send and that the system's MIME database lacks or may lack.
+/// Types that phones send and that the system's MIME database lacks, or may lack.
 constexpr PhoneType PHONE_TYPES[] = {
     {"application/smil", "smil smi"},
     {"application/vnd.oma.dd+xml", "dd"},
@@ -73,7 +73,7 @@ struct PhoneFile {
     const char* mimeId;
 };
 
-/// Files that the system's MIME database does not know, or knows under another type than messages use.
+/// Files that the system's MIME database does not know, or whose type has another name in messages.
 constexpr PhoneFile PHONE_FILES[] = {
     {"dcf", "application/vnd.oma.drm.content"},
     {"dm", "application/vnd.oma.drm.message"},
@@ -86,8 +86,8 @@ constexpr PhoneFile PHONE_FILES[] = {
     {"vcs", "text/x-vcalendar"},
 };
 
-/// The system's type with this name in lower case. The database is case-sensitive and names nearly all types
-/// in lower case; the few others are listed at the first failed look-up.
+/// The system's type that has this name, in lower case. The database is case-sensitive and names nearly all
+/// types in lower case; the few other names are listed at the first failed look-up.
 QMimeType systemType(const QString& id) {
     const QMimeDatabase system;
     const QMimeType known = system.mimeTypeForName(id);
@@ -96,8 +96,9 @@ QMimeType systemType(const QString& id) {
     static const QHash<QString, QString> withCapitals = [&system] {
         QHash<QString, QString> names;
         for (const QMimeType& type : system.allMimeTypes())
-            if (const QString lowered = type.name().toLower(); lowered != type.name())
-                names.insert(lowered, type.name());
+            for (const QString& name : QStringList(type.name()) + type.aliases())
+                if (const QString lowered = name.toLower(); lowered != name)
+                    names.insert(lowered, name);
         return names;
     }();
     return system.mimeTypeForName(withCapitals.value(id));
@@ -128,9 +129,9 @@ QString AM_MimeType::getMimeIdByFile(const QString& fileName, QByteArrayView oct
         if (extension == QLatin1String(file.extension))
             return QString::fromLatin1(file.mimeId);
     const QMimeDatabase system;
-    if (octets.isEmpty()) // the system reports an own type for empty files
+    if (octets.isEmpty()) // the system has a type of its own for empty files
         return system.mimeTypeForFile(fileName, QMimeDatabase::MatchExtension).name().toLower();
-    constexpr qsizetype looked = 16 * 1024; // enough for all signatures in the database
+    constexpr qsizetype looked = 16 * 1024; // as far as the database's signatures reach
     const QByteArray begin = octets.first(std::min(octets.size(), looked)).toByteArray();
     return system.mimeTypeForFileNameAndData(fileName, begin).name().toLower();
 }

@@ -1,5 +1,7 @@
 #include "smil/parser/xml_limits.h"
 
+#include "util/lowered.h"
+
 #include <QStringView>
 #include <QXmlStreamReader>
 
@@ -13,28 +15,45 @@ constexpr int TOO_DEEP = -16;
 
 constexpr qsizetype COUNTED_XML = 16384; // longer texts are scanned without this count first
 
-/// Whether a "&" begins a character reference, other than to "&" and "%", which could begin a reference
-/// themselves.
-bool isCharacterReference(QStringView text) {
-    if (!text.startsWith(QLatin1StringView("&#")))
-        return false;
-    constexpr qsizetype longest = 16; // allows for leading zeros
-    const QStringView number = text.sliced(2, std::min(text.size() - 2, longest));
-    const qsizetype hexadecimal = number.startsWith(u'x') ? 1 : 0;
-    const qsizetype end = number.indexOf(u';');
-    if (end <= hexadecimal)
-        return false;
-    bool ok = false;
-    const unsigned int character = number.first(end).sliced(hexadecimal).toUInt(&ok, hexadecimal ? 16 : 10);
-    return ok && character != u'&' && character != u'%';
+/// The value of a hexadecimal digit; 16 for anything else.
+unsigned int digitValue(QChar c) {
+    const char16_t unit = loweredAscii(c.unicode());
+    return unit >= u'0' && unit <= u'9'   ? unit - u'0'
+           : unit >= u'a' && unit <= u'f' ? unit - u'a' + 10u
+                                          : 16u;
 }
 
-/// Whether an entity declaration may use other entities, including parameter entities ("%"). Ten such lines
-/// can expand to 10,000,000,000 references.
+/// Whether an entity's name can begin with this, or with what a character reference puts here.
+bool beginsName(QChar c) {
+    return c.isLetter() || c.unicode() >= 0x80 || c == u'_' || c == u':' || c == u'&';
+}
+
+/// Whether a text begins with a character reference, other than to a "&" that begins an entity reference, as
+/// in
+/// "&#38;a;".
+bool beginsCharacter(QStringView text) {
+    if (!text.startsWith(QLatin1StringView("&#")))
+        return false;
+    const bool isHexadecimal = text.sliced(2).startsWith(u'x');
+    const unsigned int base = isHexadecimal ? 16 : 10;
+    const qsizetype digits = isHexadecimal ? 3 : 2;
+    constexpr unsigned int beyond = 0x110000;
+    unsigned int character = 0;
+    qsizetype end = digits;
+    for (; end < text.size() && digitValue(text[end]) < base; ++end)
+        character = std::min(character * base + digitValue(text[end]), beyond);
+    if (end == digits || end == text.size() || text[end] != u';')
+        return false;
+    return character != u'&' || end + 1 == text.size() || !beginsName(text[end + 1]);
+}
+
+/// Whether an entity declaration, from the entity's name on, may use other entities; a parameter entity ("%")
+/// can contain such declarations. Ten such lines can expand to 10,000,000,000 references.
 bool nestsEntities(QStringView declaration) {
+    if (declaration.trimmed().startsWith(u'%'))
+        return true;
     for (qsizetype i = 0; i < declaration.size(); ++i)
-        if (declaration[i] == u'%' ||
-            (declaration[i] == u'&' && !isCharacterReference(declaration.sliced(i))))
+        if (declaration[i] == u'&' && !beginsCharacter(declaration.sliced(i)))
             return true;
     return false;
 }
@@ -134,9 +153,10 @@ private:
     }
 
     void readDeclaration(QStringView text) {
-        const bool entity = text.startsWith(QLatin1StringView("<!ENTITY"));
-        declares_ = declares_ || entity || text.startsWith(QLatin1StringView("<!ATTLIST"));
-        nests_ = nests_ || (entity && nestsEntities(text));
+        constexpr QLatin1StringView entity("<!ENTITY");
+        const bool isEntity = text.startsWith(entity);
+        declares_ = declares_ || isEntity || text.startsWith(QLatin1StringView("<!ATTLIST"));
+        nests_ = nests_ || (isEntity && nestsEntities(text.sliced(entity.size())));
     }
 
     QStringView xml_;
