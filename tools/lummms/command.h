@@ -9,47 +9,47 @@
 
 #include <algorithm>
 
-/// What the user asked of a command.
+/// The parsed command line of a command.
 struct CommandLine {
     QCommandLineParser options;
-    /// The arguments without options, as many as the command takes.
+    /// The arguments without options; their number fits Command::arguments.
     QStringList files;
-    /// The values of each use of the command's many-valued option, in order.
+    /// The values of each use of the option Command::manyValued, in order.
     QList<QStringList> groups;
 };
 
-/// One command of lummms, and the manual of it.
+/// A command of lummms, with its help.
 struct Command {
     QString name;
     QString summary;
-    /// The usage line behind the name; a line for each way of use.
+    /// What follows the name in the usage lines, one entry a line.
     QStringList usage;
-    /// Further text for the help.
+    /// Further text of the help.
     QString description;
     QList<QCommandLineOption> options;
-    /// Names of the arguments. One with "..." behind it ("FILE...") may be given more than once, one in
-    /// brackets ("[FILE...]") left out.
+    /// Names of the arguments. With "..." ("FILE...") an argument may be repeated, in brackets ("[FILE...]")
+    /// it may be left out.
     QStringList arguments;
-    /// Name of an option that takes all values up to the next option; empty for none.
+    /// Name of the option that takes all values up to the next option; empty for none.
     QString manyValued;
-    /// Does the work and gives an EXIT_STATUS.
+    /// Runs the command; returns an EXIT_STATUS.
     int (*run)(const CommandLine& line);
 };
 
 /// The options of a command that writes one file: -o, and --force to replace one.
 QCommandLineOption outputOption(const QString& description);
 QCommandLineOption forceOption();
-/// Writes what the command has made to the file of -o, and one that is there only with --force. False after
-/// a complaint.
+/// Writes the result to the file of -o; an existing file only with --force. On failure reports it and returns
+/// false.
 bool writeOutput(const CommandLine& line, const QByteArray& octets);
 
-/// Complains about wrong usage of a command, and gives the exit status for it.
+/// Reports wrong usage of a command and returns its exit status.
 int misused(const QString& command, const QString& cause);
 
-/// Prints a line with the name of the file that comes next, if there are several.
+/// Prints a heading with the file name if there are several files.
 void printHeading(const CommandLine& line, const QString& path);
 
-/// The worst exit status of what `run` does with each of the files.
+/// Runs `run` for each file and returns the worst exit status.
 template <typename Run>
 int worstOf(const QStringList& files, Run run) {
     int worst = EXIT_DONE;

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What a pipe may hold: it does not tell how much will come.
+/// The most that is read from a pipe, whose size is unknown.
 constexpr qsizetype MOST_OF_PIPE = 64 * 1024 * 1024;
 
 QString whyNotOpened(const QString& path) {
@@ -26,7 +26,7 @@ QString whyNotOpened(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? QStringLiteral("cannot be opened") : file.errorString();
 }
 
-/// Reads a file that has no size before its end is reached.
+/// Reads a file of unknown size to its end.
 bool loadToEnd(QFile& file, QArray<char>& octets, QString& cause) {
     constexpr qint64 step = 1024 * 1024;
     QByteArray all;

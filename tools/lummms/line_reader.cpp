@@ -4,7 +4,7 @@
 #include <cstring>
 #include <unistd.h>
 
-/// Waits for input. A QFile would wait until the buffer is full.
+/// Waits for input; a QFile would wait until its buffer is full.
 bool LineReader::fill() {
     ssize_t octets = 0;
     do {
@@ -25,7 +25,7 @@ void LineReader::take(qsizetype length) {
 }
 
 bool LineReader::next() {
-    line_ = QByteArray(); // and not clear(), which might keep the memory of a long one
+    line_ = QByteArray(); // not clear(), which can keep the memory of a long line
     isTooLong_ = false;
     for (bool isLine = false;; isLine = true) {
         if (begin_ == end_ && !fill())

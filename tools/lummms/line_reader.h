@@ -2,20 +2,20 @@
 
 #include <QByteArray>
 
-/// Reads an open file line by line and hands on each line as soon as it is there, also from a pipe that stays
-/// open. Holds no more of a line than 64 MiB.
+/// Reads an open file line by line and returns each line as soon as it is complete, also from a pipe that
+/// stays open. Keeps at most 64 MiB of a line.
 class LineReader {
 public:
     static constexpr qsizetype LONGEST = 64 * 1024 * 1024;
 
     explicit LineReader(int descriptor) : descriptor_(descriptor) {}
-    /// Waits for the next line, without its line end; a last one may lack it. False at the end, or on
+    /// Waits for the next line, without its line end, which the last line may lack. False at the end and on
     /// failure.
     bool next();
-    /// The line, or as much of its start as may be held.
+    /// The line, or its first 64 MiB.
     const QByteArray& line() const { return line_; }
     bool isTooLong() const { return isTooLong_; }
-    /// Why reading ended before the end; empty if it did not.
+    /// Why reading failed; empty if it did not.
     const QByteArray& failure() const { return failure_; }
 
 private:
@@ -24,7 +24,7 @@ private:
 
     const int descriptor_;
     QByteArray buffer_ = QByteArray(64 * 1024, Qt::Uninitialized);
-    qsizetype begin_ = 0; // of what was not taken yet
+    qsizetype begin_ = 0; // of the input not yet returned
     qsizetype end_ = 0;
     QByteArray line_;
     bool isTooLong_ = false;

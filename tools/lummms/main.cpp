@@ -1,5 +1,5 @@
-// lummms shows, checks and makes multimedia messages from a shell. Each command is a file of its own;
-// here is only what they share: finding the command, its options, and its help.
+// lummms shows, checks and makes multimedia messages. Each command has a file of its own; this one finds the
+// command, parses its options and prints its help.
 
 #include "tools/lummms/command.h"
 #include "tools/lummms/files.h"
@@ -35,7 +35,7 @@ QString overview(const QList<Command>& commands) {
                           "is too large or has nothing to draw.\n");
 }
 
-/// An option as it is typed: "-o, --output FILE".
+/// An option as typed: "-o, --output FILE".
 QString typed(const QCommandLineOption& option) {
     QStringList names;
     for (const QString& name : option.names())
@@ -61,8 +61,8 @@ QString help(const Command& command) {
     return text;
 }
 
-/// Takes the many-valued option out of the arguments: its values are all that follow it up to the next
-/// option, which QCommandLineParser cannot read.
+/// Removes the option `name` and its values from the arguments: all that follow it up to the next option.
+/// QCommandLineParser has no such options.
 QList<QStringList> takeGroups(QStringList& arguments, const QString& name) {
     QList<QStringList> groups;
     if (name.isEmpty())
@@ -72,7 +72,7 @@ QList<QStringList> takeGroups(QStringList& arguments, const QString& name) {
     bool inGroup = false;
     for (qsizetype i = 0; i < arguments.size(); ++i) {
         const QString& argument = arguments.at(i);
-        if (argument == QLatin1String("--")) { // from here on all are file names
+        if (argument == QLatin1String("--")) { // only file names follow
             others += arguments.mid(i);
             break;
         }
@@ -90,7 +90,7 @@ QList<QStringList> takeGroups(QStringList& arguments, const QString& name) {
     return groups;
 }
 
-/// What the parser did not understand, as it was typed: of "-p.png" the parser names each letter.
+/// The option that was not understood, as typed: for "-p.png" the parser names single letters.
 QString whyNotUnderstood(const QCommandLineParser& options, const QStringList& arguments) {
     const QStringList unknown = options.unknownOptionNames();
     for (const QString& argument : arguments)
@@ -102,7 +102,7 @@ QString whyNotUnderstood(const QCommandLineParser& options, const QStringList& a
     return options.errorText();
 }
 
-/// What is wrong with the number of arguments; empty if nothing is.
+/// What is wrong with the number of arguments; empty if it is right.
 QString whyNotAsMany(const QStringList& names, const QStringList& given) {
     qsizetype required = 0;
     bool anyNumber = false;
@@ -123,7 +123,7 @@ int run(const Command& command, QStringList arguments) {
     const QCommandLineOption helpOption(QStringList{QStringLiteral("h"), QStringLiteral("help")});
     line.options.addOptions(command.options);
     line.options.addOption(helpOption);
-    // parse() and not process(), which would end the program with a status of its own
+    // not process(), which would exit with its own status
     const bool understood = line.options.parse(QStringList(command.name) + arguments);
     if (line.options.isSet(helpOption)) {
         print(help(command));
@@ -172,8 +172,8 @@ int runNamed(QStringList arguments) {
 
 QtMessageHandler qtsHandler = nullptr;
 
-/// Drops Qt's own notes, about pictures that are broken and the like: this program tells its errors
-/// itself, each in one line. What categories of this library log when asked to still comes through.
+/// Drops Qt's own notes, such as on broken pictures: lummms reports each error itself, on one line. Other
+/// categories, such as this library's, still pass.
 void dropNotesOfQt(QtMsgType type, const QMessageLogContext& context, const QString& text) {
     const QLatin1String category(context.category);
     const bool isNote = type == QtDebugMsg || type == QtInfoMsg || type == QtWarningMsg;
@@ -181,8 +181,8 @@ void dropNotesOfQt(QtMsgType type, const QMessageLogContext& context, const QStr
         qtsHandler(type, context, text);
 }
 
-/// Opens the standard streams that are closed, for nothing: a file opened later must not become one of them,
-/// and get what is printed.
+/// Opens closed standard streams on /dev/null. A file opened later would otherwise take their place and
+/// receive the program's output.
 void keepStandardStreams() {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
         if (fcntl(stream, F_GETFD) < 0)

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A type that files tell by their first octets.
+/// A type with a signature.
 struct ToldType {
     const char* mimeId;
     const char* extension;

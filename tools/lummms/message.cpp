@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int CONTENT_MISSING = 3; // the reader's warning
+constexpr int CONTENT_MISSING = 3; // the SMIL reader's warning
 
 } // namespace
 
@@ -83,9 +83,9 @@ int Message::parsePresentation(MMS_COMP_SMILParser& parser) {
     return parser.parse(smilPart->getBodyData(), &body, presentation.get());
 }
 
-/// Adds an empty part for every reference of the presentation that no part answers to.
+/// Adds an empty part for each reference of the presentation that finds none.
 void Message::addStandIns() {
-    constexpr int mostStandIns = 100; // each makes the search for every other reference longer
+    constexpr int mostStandIns = 100; // each slows down the look-up of all other references
     static const QRegularExpression reference("\\ssrc\\s*=\\s*(\"([^\"<]*)\"|'([^'<]*)')");
     const QArray<char>& smil = smilPart->getBodyData();
     const QString text = QString::fromUtf8(smil.data(), smil.size());
@@ -126,8 +126,8 @@ Problem problemOf(const MMS_WIRE_Mark& mark) {
             name.isEmpty() ? mark.what : QStringLiteral("%1: %2").arg(name, mark.what)};
 }
 
-/// Where and why the phone gave a header up: the first field that it does not know, since that may have taken
-/// its neighbours with it, and the one that it could not read.
+/// Where and why the phone gave up the header: the first field that it does not know, since skipping it may
+/// skip its neighbours, and the field that it could not read.
 QList<Problem> problemsOfHeader(const QArray<char>& octets, int result) {
     QList<Problem> problems;
     for (const PhoneStep& step : phoneSteps(octets)) {

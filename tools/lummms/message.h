@@ -18,75 +18,73 @@
 class MMS_COMP_SMILMultipartBodypart;
 class MMS_COMP_SMILParser;
 
-/// Where the text of a presentation is wrong, as the reader told: ", line 3, column 14". Empty without a
-/// place.
+/// The place of the reader's error: ", line 3, column 14". Empty without a place.
 QString placeOfError(const MMS_COMP_SMILParser& parser);
 
-/// Whether a content type is that of a body made of parts.
+/// Whether the content type is a multipart.
 bool isMultipart(const MMS_CONTENT_TYPE_T& type);
 
-/// How much something that is wrong with a message weighs.
+/// Severity of a fault.
 enum SEVERITY : int {
-    SEVERITY_PROBLEM, ///< something is malformed, or not understood
-    SEVERITY_NOTE,    ///< off the rules, and read all the same
+    SEVERITY_PROBLEM, ///< malformed or not understood
+    SEVERITY_NOTE,    ///< a deviation that does not prevent reading
 };
 
-/// Something that is wrong with a message.
+/// A fault of a message.
 struct Problem {
-    qint64 offset; ///< the octet in the PDU; -1 when it has no one place
+    qint64 offset; ///< position in the PDU; -1 without a single place
     SEVERITY severity;
-    QString what; ///< a sentence without its full stop
+    QString what; ///< a sentence without a full stop
 };
 
-/// A message read from a PDU: header, body and presentation, by one of the two readings. Reading is cheap:
-/// nothing is done but what is asked for, and payloads are copied once at most. An object reads one message.
+/// A message read from a PDU by one of the two readings: header, body and presentation. Nothing is computed
+/// before it is requested, and payloads are copied at most once. An object reads one message.
 class Message {
 public:
     explicit Message(READING reading = READING_SENT) : reading_(reading) {}
     READING reading() const { return reading_; }
 
-    /// Reads file, header and body. False, with the reason in `cause`, when the file cannot be read;
-    /// what is wrong inside the message is kept for problems().
+    /// Reads file, header and body. False, with `cause` set, when the file cannot be read; faults inside the
+    /// message are returned by problems().
     bool read(const QString& path, QString& cause);
-    /// Reads header and body from octets that are shared with whoever gives them.
+    /// Reads header and body from octets, which are shared.
     void read(const QArray<char>& octets);
-    /// Reads the presentation, if there is one. The reader marks the parts that it links to slides, so
-    /// whoever wants to see the parts as they came looks at them before.
+    /// Reads the presentation, if there is one. This marks the parts that slides use: to list parts
+    /// unchanged, list them before.
     void readPresentation();
-    /// The same, but keeps media elements whose content is not in the message: an empty part, added to
-    /// the body, stands in for it.
+    /// The same, but keeps media elements without content: for each an empty part is added to the body.
     void readPresentationWithGaps();
-    /// Whether a part only stands in for content that is not there.
+    /// Whether a part was added for missing content.
     bool isMissing(const MMS_COMP_SMILMultipartBodypart* part) const { return standIns_.contains(part); }
 
-    /// What is wrong with the message, in the order of the octets; of the presentation, once it was read. The
+    /// The faults of the message in the order of the octets, those of the presentation once it was read. The
     /// phone's reading has no notes.
     QList<Problem> problems() const;
-    /// What is wrong with the presentation: empty when there is none, or nothing wrong.
+    /// The fault of the presentation: empty when there is none.
     QString problemOfPresentation() const;
-    /// The first problems in one line, without the notes; empty for a sound message.
+    /// The first problems on one line, without notes; empty for a sound message.
     QString causeOfMalformation() const;
-    /// Complains about a malformed message, and gives the exit status that the message deserves.
+    /// Reports a malformed message and returns its exit status.
     int verdict(const QString& path) const;
 
-    /// Octets of the header, that is the place of the body in the PDU.
+    /// Octets of the header, which is the position of the body.
     qint64 bodyOffset() const;
     /// Octets of the body.
     qint64 bodyLength() const;
     /// The PDU.
     const QArray<char>& octets() const { return octets_; }
 
-    /// Every item of the message; in the reading as it was sent.
+    /// All items of the message; for READING_SENT.
     const MMS_WIRE_Reader& wire() const { return wire_; }
-    /// The fields that the header has no place for, in order; in the reading as it was sent.
+    /// The fields that the header record cannot hold, in order; for READING_SENT.
     QList<MMS_WIRE_Item> otherFields;
 
     MMS_UA_UAMsg header;
-    int result = 0;       ///< the header decoder's; 0 in the reading as it was sent
-    bool hasBody = false; ///< whether there is a body made of parts; as it was sent, any body is
+    int result = 0;       ///< the header decoder's result; 0 for READING_SENT
+    bool hasBody = false; ///< whether there is a multipart body; for READING_SENT any body
     MMS_COMP_SMILMultipart body;
     int bodyStatus = 0;
-    /// The part with the presentation; null when there is none, or before readPresentation().
+    /// The presentation part; null when there is none, or before readPresentation().
     MMS_COMP_SMILMultipartBodypart* smilPart = nullptr;
     std::unique_ptr<MMS_COMP_SMILData> presentation = std::make_unique<MMS_COMP_SMILData>(&body);
     int smilStatus = 0;
@@ -102,5 +100,5 @@ private:
     QString smilPlace_; // ", line 3, column 14"
     MMS_WIRE_Reader wire_;
     QSet<const MMS_COMP_SMILMultipartBodypart*> standIns_;
-    QArray<char> octets_; // the header's bodyStart points into them
+    QArray<char> octets_; // header.bodyStart points into them
 };

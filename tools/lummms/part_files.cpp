@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr qsizetype LONGEST_NAME = 200; // octets; file systems allow 255, and numbers need some
+constexpr qsizetype LONGEST_NAME = 200; // octets; file systems allow 255, and a number may be added
 
-/// The n-th name of the row of a name.
+/// The n-th name made from a name.
 QString numberedName(const QString& name, const QString& extension, int n) {
     const QString dotted = extension.isEmpty() ? QString() : u'.' + extension;
     if (name.isEmpty())
@@ -40,7 +40,7 @@ QString safeFileName(const QString& path) {
     const QString extension = name.mid(base.size());
     if (extension.size() > LONGEST_NAME)
         return QString();
-    base.truncate(LONGEST_NAME + 1); // the rest goes one by one, and with it half of a pair
+    base.truncate(LONGEST_NAME + 1); // the rest is cut one by one, so that no surrogate pair is halved
     while (!base.isEmpty() && (base + extension).toUtf8().size() > LONGEST_NAME)
         base.chop(base.back().isLowSurrogate() ? 2 : 1);
     return (base + extension).toUtf8().size() > LONGEST_NAME ? QString() : base + extension;
@@ -62,11 +62,11 @@ QString PartFiles::nextPath(const MMS_COMP_SMILMultipartBodypart& part) {
         name.isEmpty()
             ? MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType())
             : QString();
-    // no QDir::filePath(): for it ":x" is the path of a resource
+    // not QDir::filePath(), which takes ":x" for a resource
     return directory_ + u'/' + names_.next(name, extension);
 }
 
-/// Writes a new file; one that is there, or a link to wherever, is never opened.
+/// Writes a new file; never opens an existing file or link.
 bool PartFiles::writeNew(const MMS_COMP_SMILMultipartBodypart& part, QString& path, QString& cause) {
     QFile file;
     bool isOpen = false;
@@ -82,11 +82,11 @@ bool PartFiles::writeNew(const MMS_COMP_SMILMultipartBodypart& part, QString& pa
         return true;
     cause = file.errorString();
     if (isOpen)
-        file.remove(); // half a part
+        file.remove(); // incomplete
     return false;
 }
 
-/// Writes a file in place of one that is there, or of a link itself, once it is written whole.
+/// Replaces an existing file, or a link itself, by a file that was written completely.
 bool PartFiles::replace(const MMS_COMP_SMILMultipartBodypart& part, QString& path, QString& cause) {
     QFileInfo there;
     do {

@@ -6,29 +6,30 @@
 
 class MMS_COMP_SMILMultipartBodypart;
 
-/// A name from outside as one that can be given to a new file: nothing that leads out of a directory, hides
-/// the file, looks like an option or steers a terminal, in 200 octets at most. Empty if nothing remains.
+/// A name from a message made safe for a new file: without path, hidden name, leading "-" or control
+/// characters, and at most 200 octets long. Empty if nothing remains.
 QString safeFileName(const QString& name);
 
-/// Gives each name once: photo.jpg, then photo_0.jpg, photo_1.jpg, ...; of an empty name file0.jpg,
+/// Gives out each name once: photo.jpg, then photo_0.jpg, photo_1.jpg, ...; for an empty name file0.jpg,
 /// file1.jpg, ...
 class FreeNames {
 public:
-    /// The next name that was not given before; the extension is for an empty name.
+    /// The next name not given out before; the extension is for an empty name.
     QString next(const QString& name, const QString& extension = QString());
 
 private:
-    QHash<QString, int> nextNumbers_; // by name: a thousand parts of one name must not take long
+    QHash<QString, int> nextNumbers_; // where the search for a free name continues, by name
     QSet<QString> given_;
 };
 
 /// Writes the parts of one message into a directory.
 class PartFiles {
 public:
-    /// With `replaces`, a file or link that was in the directory before gives way to a part of its name;
-    /// else the part gets a number.
+    /// With `replaces`, a part replaces a file or link of its name that was there before; else the part gets
+    /// a number.
     PartFiles(const QString& directory, bool replaces) : directory_(directory), replaces_(replaces) {}
-    /// Writes the part's own payload into a new file and prints a line about it. False after a complaint.
+    /// Writes the part's payload to a new file and prints a line about it. On failure reports it and returns
+    /// false.
     bool write(const MMS_COMP_SMILMultipartBodypart& part);
 
 private:

@@ -4,13 +4,13 @@
 
 struct CommandLine;
 
-/// Which of the two readings of a message is wanted.
+/// The two readings of a message.
 enum READING : int {
-    READING_SENT,  ///< all that is in the octets, as the sender meant it
+    READING_SENT,  ///< everything in the octets, as the sender meant it
     READING_PHONE, ///< what the phone makes of them
 };
 
-/// The option --phone of the commands that read a message.
+/// The option --phone of commands that read a message.
 QCommandLineOption phoneOption();
-/// The reading that the user asked for.
+/// The reading selected by the options.
 READING readingAskedFor(const CommandLine& line);

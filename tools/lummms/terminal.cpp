@@ -9,13 +9,13 @@ bool isControl(char16_t unit) {
     return unit < 0x20 || (unit >= 0x7F && unit < 0xA0);
 }
 
-/// Marks that change the direction or the line without being seen.
+/// Invisible characters that change text direction or end a line.
 bool isHiddenMark(char16_t unit) {
     return unit == 0x061C || unit == 0x200E || unit == 0x200F || (unit >= 0x2028 && unit <= 0x202E) ||
            (unit >= 0x2066 && unit <= 0x2069);
 }
 
-/// Whether the unit at `at` is half of a surrogate pair whose other half is missing.
+/// Whether the unit at `at` is half of a surrogate pair without its other half.
 bool isHalfPair(QStringView text, qsizetype at) {
     const QChar unit = text.at(at);
     if (unit.isHighSurrogate())

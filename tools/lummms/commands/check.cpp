@@ -1,4 +1,4 @@
-// lummms check: what will go wrong with a message.
+// lummms check: reports what will go wrong with a message.
 
 #include "tools/lummms/check/findings.h"
 #include "tools/lummms/command.h"

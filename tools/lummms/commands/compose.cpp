@@ -1,4 +1,4 @@
-// lummms compose: a message of any kind, made of options, texts and files.
+// lummms compose: makes a message of any kind from options, texts and files.
 
 #include "tools/lummms/command.h"
 #include "tools/lummms/compose/assembly.h"
@@ -14,7 +14,7 @@ bool refuse(const QString& subject, const QString& cause) {
     return false;
 }
 
-/// Looks whether there is content only where the kind has a body.
+/// Slides and attachments are only allowed for a kind with a body.
 bool checkBody(const MessageKind& kind, const CommandLine& line) {
     const char* given = !line.groups.isEmpty()         ? "--slide"
                         : line.options.isSet("attach") ? "--attach"
@@ -23,14 +23,14 @@ bool checkBody(const MessageKind& kind, const CommandLine& line) {
            refuse(given, QStringLiteral("an %1 has no body").arg(QLatin1String(kind.name)));
 }
 
-/// Looks whether there is anything to send.
+/// A message with a body needs a subject or content.
 bool checkContent(const MessageKind& kind, const CommandLine& line, const Draft& draft) {
     return !carries(kind, FIELD_CONTENT_TYPE) || !draft.isEmpty() || line.options.isSet("subject") ||
            refuse(QString(),
                   QStringLiteral("nothing to send: neither --slide, --attach nor --subject is given"));
 }
 
-/// Encodes a message, whose pictures are made smaller until it fits.
+/// Encodes the message; makes pictures smaller until it is within the limit.
 bool encodeFitting(const CommandLine& line, bool hasBody, qint64 limit, MMS_UA_UAMsg& header, Draft& draft,
                    QByteArray& pdu) {
     const QString path = line.options.value("output");

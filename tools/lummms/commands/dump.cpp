@@ -1,4 +1,4 @@
-// lummms dump: every item of a message with its place.
+// lummms dump: prints every item of a message with its position.
 
 #include "tools/lummms/command.h"
 #include "tools/lummms/message.h"

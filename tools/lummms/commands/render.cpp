@@ -1,4 +1,4 @@
-// lummms render: a message as the phone shows it, in a picture or on a page.
+// lummms render: draws a message as the phone shows it, as picture or page.
 
 #include "tools/lummms/draw/draw.h"
 
@@ -20,9 +20,9 @@
 namespace {
 
 constexpr int USUAL_SCALE = 2;
-constexpr int LARGEST_SCALE = 4; // with many slides the picture has 24 megapixels then
+constexpr int LARGEST_SCALE = 4; // with many slides the picture then has 24 megapixels
 
-/// What Qt wants of its surroundings to draw: a locale with UTF-8 and a platform without a display.
+/// Qt needs a UTF-8 locale and, without a display, the offscreen platform.
 void prepareSurroundings() {
     std::setlocale(LC_ALL, "");
     if (std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0)
@@ -37,7 +37,7 @@ int save(const CommandLine& line, const QByteArray& octets) {
     return !octets.isEmpty() && writeOutput(line, octets) ? EXIT_DONE : EXIT_UNUSABLE;
 }
 
-/// Reads "FROM-TO", or one number; false for anything else.
+/// Reads "FROM-TO" or one number; false for any other text.
 bool readRange(const QString& text, SlideRange& range) {
     static const QRegularExpression form("^([1-9][0-9]{0,8})(?:-([1-9][0-9]{0,8}))?\\z");
     const QRegularExpressionMatch match = form.match(text);
@@ -46,14 +46,14 @@ bool readRange(const QString& text, SlideRange& range) {
     return match.hasMatch() && range.from <= range.to;
 }
 
-/// What is to be drawn.
+/// What to draw.
 struct Wanted {
     bool isPage = false;
     int scale = USUAL_SCALE;
     SlideRange range = {1, std::numeric_limits<int>::max()};
 };
 
-/// Reads the options; false after a complaint about one that makes no sense.
+/// Reads the options; reports an invalid one and returns false.
 bool readOptions(const QCommandLineParser& options, Wanted& wanted) {
     const QString output = options.value("output");
     const QString kind =

@@ -1,4 +1,4 @@
-// lummms show: a message taken apart, for a person or for a program.
+// lummms show: prints header, parts and slides of a message, as text or JSON.
 
 #include "tools/lummms/print/print.h"
 
@@ -14,11 +14,11 @@
 
 namespace {
 
-constexpr qsizetype OCTETS_READ = 400;  ///< octets of a text that are looked at for its first words
-constexpr qsizetype WIDEST_COLUMN = 40; ///< characters to which a column is filled up
+constexpr qsizetype OCTETS_READ = 400;  ///< the first octets of a text, from which its first words are shown
+constexpr qsizetype WIDEST_COLUMN = 40; ///< characters up to which columns are aligned
 constexpr int COLUMNS = 5;
 
-/// One line of the table of parts, and what is said under it.
+/// A line of the table of parts and, for a text, its first words below.
 struct Row {
     QString cells[COLUMNS]; // number, type, name, octets, charset
     QString words;
@@ -28,7 +28,7 @@ bool isText(const MMS_COMP_SMILMultipartBodypart& part) {
     return equalLowered(part.getContentType(), u"text");
 }
 
-/// The charset that a part names, or for a text the one that its octets are in.
+/// The charset that a part states; for a text without one "utf-8" or "unknown".
 QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Part* sent) {
     const QString named = sent ? sent->charset() : part.getCharset();
     if (!named.isEmpty())
@@ -40,7 +40,7 @@ QString charsetOf(const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Par
     return QStringLiteral("%1").arg(QLatin1String(text.isValidUtf8() ? "utf-8" : "unknown"));
 }
 
-/// Adds a row for a part, which is known as it was sent, too, in that reading, and for those inside it.
+/// Adds rows for a part and its sub-parts. `sent` is the part as sent, null in the phone's reading.
 void addRow(QList<Row>& rows, const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Part* sent,
             const QString& number, int depth) {
     const QString indent(2 * depth, u' ');
@@ -60,7 +60,7 @@ QString table(const QList<Row>& rows) {
     for (const Row& row : rows)
         for (int i = 0; i < COLUMNS; ++i)
             widths[i] = std::max(widths[i], std::min(row.cells[i].size(), WIDEST_COLUMN));
-    constexpr int octets = 3; // the column that is aligned to the right
+    constexpr int octets = 3; // the column aligned to the right
     QString text;
     for (const Row& row : rows) {
         QString line = QStringLiteral(" ");
@@ -118,7 +118,7 @@ QString firstWords(const MMS_COMP_SMILMultipartBodypart& part) {
     const qsizetype read = std::min(octets.size(), OCTETS_READ);
     QString text = QString::fromUtf8(octets.data(), read);
     bool more = read < octets.size();
-    while (more && text.endsWith(QChar::ReplacementCharacter)) // a character that was cut through
+    while (more && text.endsWith(QChar::ReplacementCharacter)) // a character that was cut
         text.chop(1);
     while (text.endsWith(QChar::Null))
         text.chop(1);

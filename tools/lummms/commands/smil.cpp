@@ -1,4 +1,4 @@
-// lummms smil: a SMIL text read, laid out for the phone, and written again.
+// lummms smil: reads a SMIL text, normalises its layout and writes it again.
 
 #include "multipart/body_part.h"
 #include "smil/parser/smil_parser.h"
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Makes the files of a directory the parts of the body. False after a complaint.
+/// Adds the files of a directory as parts of the body. On failure reports it and returns false.
 bool addParts(const QString& directory, MMS_COMP_SMILMultipart& body) {
     const QString base = filePathOf(directory);
     const QDir dir(base);
@@ -26,7 +26,7 @@ bool addParts(const QString& directory, MMS_COMP_SMILMultipart& body) {
     }
     const QStringList names = dir.entryList(QDir::Files, QDir::Name);
     for (const QString& name : names) {
-        const QString path = base + u'/' + name; // for QDir::filePath(), ":x" is the path of a resource
+        const QString path = base + u'/' + name; // not QDir::filePath(), which takes ":x" for a resource
         if (!QFileInfo(path).isFile())
             continue; // a link to a pipe or a device
         QArray<char> octets;
@@ -47,7 +47,7 @@ bool addParts(const QString& directory, MMS_COMP_SMILMultipart& body) {
     return true;
 }
 
-/// Whether the reader has got anything out of a text that it could not read whole.
+/// Whether anything could be read of a text with an error.
 bool holdsAnything(const MMS_COMP_SMILData& presentation) {
     return presentation.getTotalSlidesNum() || presentation.getMetaCount() || presentation.getRegionCount();
 }

@@ -1,4 +1,4 @@
-// lummms unpack: the parts of messages as files.
+// lummms unpack: writes the parts of messages to files.
 
 #include "multipart/body_part.h"
 #include "tools/lummms/command.h"
@@ -18,7 +18,7 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-/// A part and its number as `lummms show` counts: 3.1 is the first part within the third.
+/// A part and its number as in `lummms show`: 3.1 is the first part inside the third.
 struct NumberedPart {
     QString number;
     const Part* part;
@@ -38,7 +38,7 @@ QList<NumberedPart> allParts(MMS_COMP_SMILMultipart& body) {
     return parts;
 }
 
-/// Whether the user means that part by one of its names.
+/// Whether the text is one of the part's names.
 bool isNamed(const NumberedPart& numbered, const QString& wanted) {
     const Part& part = *numbered.part;
     const QStringList names{part.getContentLocation(), safeFileName(part.getContentLocation()),
@@ -46,8 +46,7 @@ bool isNamed(const NumberedPart& numbered, const QString& wanted) {
     return !wanted.isEmpty() && (names.contains(wanted) || names.last() == u'<' + wanted + u'>');
 }
 
-/// The parts that the user means: the one of that number, which no name of another can hide, or those of
-/// that name.
+/// The parts that the text names: the one with that number, which takes precedence, or those with that name.
 QList<NumberedPart> meant(const QList<NumberedPart>& parts, const QString& wanted) {
     QList<NumberedPart> named;
     for (const NumberedPart& part : parts) {
@@ -59,7 +58,7 @@ QList<NumberedPart> meant(const QList<NumberedPart>& parts, const QString& wante
     return named;
 }
 
-/// Unpacks message after message.
+/// Unpacks the messages of one command line.
 class Unpacker {
 public:
     explicit Unpacker(const CommandLine& line);
@@ -76,7 +75,7 @@ private:
     const bool writesOne_; ///< one part, to the file of -o
     QStringList files_;
     QString directory_; ///< empty if none is needed
-    FreeNames folders_; ///< in the directory, one a message
+    FreeNames folders_; ///< names of subdirectories, one for each message
 };
 
 Unpacker::Unpacker(const CommandLine& line)
@@ -98,7 +97,7 @@ int Unpacker::unpack() {
     return worstOf(files_, [this](const QString& path) { return unpackOne(path); });
 }
 
-/// Leaves the parts that the user wants. False after a complaint about one that is not there.
+/// Reduces `parts` to those of --part. Reports a missing one and returns false.
 bool Unpacker::choose(const QString& path, QList<NumberedPart>& parts) const {
     const QStringList wanted = line_.options.values("part");
     if (wanted.isEmpty())
@@ -131,7 +130,7 @@ void list(const QList<NumberedPart>& parts) {
 bool Unpacker::writeOne(const QString& path, const QList<NumberedPart>& parts) const {
     if (parts.size() == 1)
         return writeOutput(line_, parts.first().part->getBodyData());
-    if (!parts.isEmpty()) // else it has been told that there is none
+    if (!parts.isEmpty()) // a missing part was reported already
         complain(path, QStringLiteral("'%1' are %2; take one by its number")
                            .arg(line_.options.value("part"), counted(parts.size(), "part")));
     return false;
@@ -141,7 +140,7 @@ bool Unpacker::writeAll(const QString& path, const QList<NumberedPart>& parts) {
     QString directory = directory_;
     if (files_.size() > 1) {
         QFileInfo there;
-        do { // what is no directory of this one's is left alone
+        do { // links and files of that name are left alone
             there.setFile(directory_ + u'/' + folders_.next(safeFileName(path)));
         } while (there.isSymLink() || (there.exists() && !there.isDir()));
         directory = there.filePath();
@@ -155,7 +154,7 @@ bool Unpacker::writeAll(const QString& path, const QList<NumberedPart>& parts) {
     for (const NumberedPart& numbered : parts) {
         const bool isContainer = numbered.part->getSubBodyCount() && numbered.part->getBodyData().isEmpty();
         if (!isContainer && !files.write(*numbered.part))
-            areWritten = false; // and on with the others
+            areWritten = false; // continues with the other parts
     }
     return areWritten;
 }

@@ -1,5 +1,5 @@
-// A message made as a messaging application makes it: slides are edited in the model, the presentation is
-// written from it, and body and header are encoded.
+// Builds a message like a messaging application: edits slides in the model, writes the presentation from
+// them, and encodes body and header.
 
 #include "tools/lummms/compose/assembly.h"
 
@@ -20,11 +20,11 @@
 
 namespace {
 
-constexpr int MAX_PARTS = 127;           // the count is written as one octet, which others read as a uintvar
-const QString SMIL_ID = "<slides>";      // what the start parameter refers to
-const QString SMIL_NAME = "slides.smil"; // and its Content-Location
+constexpr int MAX_PARTS = 127;           // the count is one octet, which many receivers read as a uintvar
+const QString SMIL_ID = "<slides>";      // for the start parameter
+const QString SMIL_NAME = "slides.smil"; // Content-Location of the presentation
 
-/// The body of a message and the slides in it.
+/// The body of a message and its slides.
 class Body {
 public:
     explicit Body(const Draft& draft);
@@ -44,7 +44,7 @@ private:
 };
 
 Body::Body(const Draft& draft) {
-    parts_.setExtType(QString()); // a body without a presentation has no type of a root part
+    parts_.setExtType(QString()); // without a presentation there is no root part, whose type this is
     if (!draft.slides.isEmpty())
         addPresentation();
     for (const SlideDraft& slide : draft.slides)
@@ -53,7 +53,7 @@ Body::Body(const Draft& draft) {
         addAttachment(item);
 }
 
-/// The presentation stands in front, and before other parts get their names.
+/// Adds the presentation as the first part. It must be added before other parts, so that its name is free.
 void Body::addPresentation() {
     smilPart_ = new MMS_COMP_SMILMultipartBodypart;
     smilPart_->setContentType(QStringLiteral("application"));
@@ -65,8 +65,8 @@ void Body::addPresentation() {
     layOut();
 }
 
-/// The phone's layout, on a screen high enough for both of its regions, so that other phones show the lower
-/// one, too.
+/// Applies the phone's layout. The screen is made high enough for both regions, so that other phones show the
+/// lower one too.
 void Body::layOut() {
     MMS_COMP_SMILParser::updateToVarnelioRootLayout(&presentation_);
     MMS_COMP_SMILParser::updateToVarnelioRegion(&presentation_);

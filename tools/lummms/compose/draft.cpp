@@ -16,8 +16,8 @@
 
 namespace {
 
-constexpr qint64 MOST_OF_PHOTO = 64 * 1024 * 1024; // octets of a file that is looked at for a picture
-const QString TEXT_PREFIX = "text:";               // in front of a slide's text that is no file
+constexpr qint64 MOST_OF_PHOTO = 64 * 1024 * 1024; // octets of the largest file to be read as a picture
+const QString TEXT_PREFIX = "text:";               // marks a slide's text
 const QString SLIDE = "--slide";
 
 bool refuse(const QString& subject, const QString& cause) {
@@ -25,8 +25,7 @@ bool refuse(const QString& subject, const QString& cause) {
     return false;
 }
 
-/// Characters that the SMIL text cannot hold, since its values are written as they are, and blanks,
-/// which it would lose.
+/// A name without characters that break a SMIL text (values are not escaped), and with "_" for white space.
 QString nameForSmil(const QString& name) {
     QString clean = cleanName(MMS_COMP_Util::stripePath(name), u"\"'<>\uFFFE\uFFFF");
     std::replace_if(
@@ -34,7 +33,7 @@ QString nameForSmil(const QString& name) {
     return clean;
 }
 
-/// Reads slides and attachments. The members that can fail complain to the user and give false.
+/// Reads slides and attachments. Members that can fail report it and return false.
 class DraftReader {
 public:
     DraftReader(qint64 limit, bool keepPictures, Draft& draft)
@@ -55,7 +54,7 @@ private:
     qint64 limit_;
     bool keepPictures_;
     Draft& draft_;
-    qint64 loaded_ = 0; // octets of all files, without pictures that can be made smaller
+    qint64 loaded_ = 0; // octets of all files except pictures that can be made smaller
 };
 
 bool DraftReader::refuseSlide(const QString& cause) {
@@ -74,7 +73,7 @@ bool DraftReader::readDuration(const QString& text, int& duration) {
 }
 
 bool DraftReader::readFile(const QString& path, Item& item) {
-    const qint64 size = QFileInfo(filePathOf(path)).size(); // no file is read that is too large anyway
+    const qint64 size = QFileInfo(filePathOf(path)).size(); // checked before reading
     if (loaded_ + size > (keepPictures_ ? limit_ : std::max(limit_, MOST_OF_PHOTO))) {
         complainOfSize(path, loaded_ + size, limit_);
         return false;
@@ -127,7 +126,7 @@ bool DraftReader::checkItem(const Item& item) {
     return true;
 }
 
-/// Looks whether all items have a place in their slide.
+/// Checks that all items of a slide fit into it.
 bool DraftReader::checkRoom(const QList<Item>& items) {
     QString kept[3];
     constexpr const char* places[] = {"one sound", "one picture or video", "one text"};

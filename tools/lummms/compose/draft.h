@@ -14,31 +14,31 @@
 
 struct CommandLine;
 
-/// A text or a file that is to go into a message.
+/// A text or a file for the message.
 struct Item {
-    QString name; ///< what the user called it
-    QString src;  ///< a file name to make a part's name from
+    QString name; ///< as the user named it
+    QString src;  ///< the file name to make a part's name from
     MediaType type;
     QArray<char> octets;
-    std::shared_ptr<SmallerPicture> picture = nullptr; ///< of a picture that was to be made smaller
+    std::shared_ptr<SmallerPicture> picture = nullptr; ///< set once the picture was to be made smaller
     bool isSmaller = false;                            ///< whether it was made smaller
 
-    /// What it is to a slide.
+    /// The kind of media object for it.
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind() const;
     QByteArrayView view() const { return {octets.data(), octets.size()}; }
 };
 
 struct SlideDraft {
-    int duration; ///< milliseconds, or -2 for an indefinite one
+    int duration; ///< milliseconds, or -2 for "indefinite"
     QList<Item> items;
 };
 
-/// The content of a message, before anything is built of it.
+/// The content of a message to be built.
 struct Draft {
     QList<SlideDraft> slides;
     QList<Item> attachments;
 
-    /// Calls `use` with each item, slide by slide, and then with the attachments.
+    /// Calls `use` with each item: slide by slide, then the attachments.
     template <typename Use>
     void forEachItem(Use use) {
         for (SlideDraft& slide : slides)
@@ -52,20 +52,19 @@ struct Draft {
         std::for_each(attachments.begin(), attachments.end(), use);
     }
 
-    /// Octets of all items together.
+    /// Octets of all items.
     qint64 size() const;
     bool isEmpty() const { return slides.isEmpty() && attachments.isEmpty(); }
 };
 
-/// The octets that a message may have, from the environment. False, with a complaint to the user, when that
-/// holds no number.
+/// The largest size of a message, from the environment. False when the variable is no number, which is
+/// reported.
 bool readSizeLimit(qint64& octets);
 
-/// Tells the user that something is larger than a message may be, and why it was not made smaller, if that is
-/// known.
+/// Reports that something is larger than a message may be and, if known, why it was not made smaller.
 void complainOfSize(const QString& subject, qint64 octets, qint64 limit, const QString& cause = QString());
 
-/// Reads what the options --slide and --attach name. Complains to the user and gives false when that cannot
-/// be read, cannot stand in a slide, or has more octets than `limit`. Pictures may have more together, unless
-/// the option --keep-pictures is set, since they can be made smaller; one that has more alone is.
+/// Reads the content named by --slide and --attach. Reports a failure and returns false: for what cannot be
+/// read, does not fit in a slide, or has more than `limit` octets. Without --keep-pictures, pictures that can
+/// be made smaller do not count towards the limit.
 bool readDraft(const CommandLine& line, qint64 limit, Draft& draft);

@@ -9,7 +9,7 @@ bool mayBeSmaller(const Item& item) {
     return item.kind() == MMS_COMP_SMIL_MEDIA_IMG && !(item.picture && item.picture->isExhausted());
 }
 
-/// The picture with the most octets of those that may have a smaller form; null when there is none.
+/// The largest picture that can still be made smaller; null when there is none.
 Item* largestPicture(Draft& draft) {
     Item* largest = nullptr;
     draft.forEachItem([&largest](Item& item) {

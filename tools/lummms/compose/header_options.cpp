@@ -17,7 +17,7 @@ constexpr unsigned char USUAL_VERSION = 0x10; // MMS 1.0
 using Header = MMS_UA_UAMsg&;
 using Value = OptionValue&;
 
-/// An option, the field that it sets, and how.
+/// An option and the field that it sets.
 struct FieldOption {
     const char* name;
     FIELD_CODE field;
@@ -58,7 +58,7 @@ constexpr FieldOption FIELD_OPTIONS[] = {
      [](Header h, Value) { h.setDeliveryReportNecessity(true); }},
     {"read-reply", FIELD_READ_REPLY, nullptr, "Asks for a reply when the message is read.",
      [](Header h, Value) { h.setReadReplyNecessity(true); }},
-    // the encoder writes a flag that is set as Show, although the decoder sets it for Hide
+    // the encoder writes a set flag as Show, although the decoder sets it for Hide
     {"sender-visibility", FIELD_SENDER_VISIBILITY, "hide|show",
      "Whether the recipients may see who sent the message.",
      [](Header h, Value v) { h.setSenderVisibility(v.either("show", "hide")); }},
@@ -108,7 +108,7 @@ QList<const MessageKind*> allKinds() {
     return kinds;
 }
 
-/// What every message of the kind says, before the user has his say.
+/// Sets the fields that every message of the kind has, before the options.
 void setDefaults(const MessageKind& kind, MMS_UA_UAMsg& header) {
     header.messageType = kind.type;
     header.markPresent(FIELD_MESSAGE_TYPE);
@@ -116,12 +116,12 @@ void setDefaults(const MessageKind& kind, MMS_UA_UAMsg& header) {
     header.markPresent(FIELD_MMS_VERSION);
     if (carries(kind, FIELD_DATE))
         header.setSendTime(QDateTime::currentDateTime());
-    // an answer has the id of what it answers instead
+    // an answer has the transaction id of the message it answers
     if (kind.type == MESSAGE_SEND_REQ || kind.type == MESSAGE_NOTIFICATION_IND)
         header.setTransactionId(QUuid::createUuid().toString(QUuid::WithoutBraces));
 }
 
-/// Sets one field from each use of its option. What is wrong is told to the user.
+/// Sets a field from each use of its option. Reports an invalid value.
 bool apply(const FieldOption& option, const MessageKind& kind, const QStringList& values,
            MMS_UA_UAMsg& header) {
     if (!carries(kind, option.field)) {
@@ -142,8 +142,7 @@ bool apply(const FieldOption& option, const MessageKind& kind, const QStringList
     return true;
 }
 
-/// The options for the fields that the kind must have and that are not there. From is always written, and a
-/// body brings its Content-Type with it.
+/// The options for missing mandatory fields. From is always written, and the body sets Content-Type.
 QStringList missing(const MessageKind& kind, const MMS_UA_UAMsg& header) {
     const MMS_WIRE_MessageType& type = *wireMessageType(kind.type);
     QStringList options;

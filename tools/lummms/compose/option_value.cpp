@@ -46,7 +46,7 @@ QString OptionValue::ascii() {
 
 MMS_UTIL_Entry OptionValue::address() {
     static const QRegularExpression phone("^\\+?[0-9*#][0-9*#.-]*\\z");
-    // "/TYPE=" would tell the receiver that it is something else
+    // "/TYPE=" would be read as the type of the address
     static const QRegularExpression email("^(?!.*/TYPE=)[^\\s\\p{C}@<>()\",;:]+@[^\\s\\p{C}@<>()\",;:]+\\z");
     if (phone.match(typed_).hasMatch())
         return {QString(), MMS_UTIL_Entry::PLMN, typed_};

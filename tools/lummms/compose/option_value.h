@@ -5,43 +5,42 @@
 #include <QDateTime>
 #include <QString>
 
-/// The value of an option as the user typed it. Each member reads it in one form; what does not have that
-/// form is told by cause(), and the value given back is of no use then.
+/// The value of an option as typed. Each member reads it in one form; if it does not have that form, cause()
+/// is set and the result is meaningless.
 class OptionValue {
 public:
     explicit OptionValue(QString typed) : typed_(std::move(typed)) {}
 
-    /// Why the value cannot be used, for a message to the user; empty when it can.
+    /// Why the value is invalid, for a message to the user; empty when it is valid.
     const QString& cause() const { return cause_; }
 
-    /// Any text but a blank one.
+    /// Any text that is not blank.
     QString text();
-    /// A text of printable ASCII, as identifiers and locations are.
+    /// Printable ASCII, as in identifiers and locations.
     QString ascii();
     /// A phone number or an e-mail address.
     MMS_UTIL_Entry address();
-    /// The octet of a header field whose values have words (see wireField()): one of these words, or a number
-    /// from 128 to 255.
+    /// The octet of a header field with words (see wireField()): one of these words, or a number from 128 to
+    /// 255.
     unsigned char octet(int field);
-    /// One of two words; true for the first of them.
+    /// One of two words; true for the first.
     bool either(const char* first, const char* second);
-    /// A version such as 1.0, as MMS_UA_UAMsg::version holds it.
+    /// A version such as 1.0, as in MMS_UA_UAMsg::version.
     unsigned char version();
     /// A number from 1 to 2147483647.
     int size();
-    /// A moment in ISO 8601, in local time if it names no zone, as local time; from 1970 to 2106, as header
-    /// fields hold it.
+    /// A date and time in ISO 8601, local time unless it has a zone, from 1970 to 2106 (the range of header
+    /// fields). The result is local time.
     QDateTime moment();
-    /// Seconds from now to a moment that is not past, 2147483647 at the most. The value is their number, or
-    /// that moment.
+    /// Seconds from now, at most 2147483647. The value is that number, or a date and time that is not past.
     unsigned int secondsToCome();
-    /// Such a moment itself.
+    /// The same as a date and time.
     QDateTime momentToCome();
 
 private:
-    /// Notes what is wrong with the value: "'soon' " and the cause.
+    /// Sets the cause: the value in quotes, then `what`.
     void refuse(const QString& cause);
-    /// The value as a decimal number, or -1 when it is none up to 2147483647.
+    /// The value as a decimal number up to 2147483647; -1 for any other.
     int number() const;
 
     QString typed_;

@@ -12,29 +12,29 @@
 
 namespace {
 
-/// A form of a picture, by its longer and its shorter side.
+/// The largest sides and the quality of one form of a picture.
 struct Step {
     int longer, shorter;
-    int quality; ///< of the JPEG, to 100
+    int quality; ///< of the JPEG, up to 100
 };
 
-constexpr int PHOTO_MEGABYTES = 512; // what decoding the user's own picture may take
+constexpr int PHOTO_MEGABYTES = 512; // limit of memory for decoding the user's own picture
 
-constexpr qint64 PHOTO_PIXELS = 1'000'000'000; // and in time, each scan counted
+constexpr qint64 PHOTO_PIXELS = 1'000'000'000; // limit of decoding time: pixels times scans
 
 constexpr Step STEPS[] = {
     {640, 480, 85}, {640, 480, 70}, {640, 480, 50}, {320, 240, 75},
     {320, 240, 50}, {240, 180, 50}, {160, 120, 50},
 };
 
-/// The size that a picture has in that form: never larger than it is, at least a pixel.
+/// The size of a picture in that form: not larger than it is, and at least one pixel.
 QSize sizeIn(const Step& step, QSize size) {
     const bool isUpright = size.height() > size.width();
     const QSize box = isUpright ? QSize(step.shorter, step.longer) : QSize(step.longer, step.shorter);
     return size.scaled(box, Qt::KeepAspectRatio).boundedTo(size).expandedTo(QSize(1, 1));
 }
 
-/// On white where it is transparent: a JPEG knows no transparency.
+/// Puts transparent pictures on white: JPEG has no transparency.
 QImage opaque(const QImage& image) {
     QImage flat(image.size(), QImage::Format_RGB32);
     flat.fill(Qt::white);

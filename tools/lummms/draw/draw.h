@@ -5,27 +5,27 @@
 
 class Message;
 
-/// Which slides are drawn, counted from 1; `to` may lie behind the last.
+/// The slides to draw, counted from 1; `to` may be beyond the last.
 struct SlideRange {
     int from;
     int to;
 };
 
-/// What was drawn, and a line for each thing that the user should know of it.
+/// The result, and notes for the user.
 struct Drawing {
-    QByteArray octets; ///< empty when it could not be made
+    QByteArray octets; ///< empty on failure
     QStringList notes;
 };
 
-/// The slides side by side as a PNG picture, each pixel of the layout `scale` pixels wide or, where the
-/// picture would become too large, less. Needs a QGuiApplication.
+/// Draws the slides side by side as PNG, each pixel of the layout `scale` pixels wide, or less when the
+/// picture would become too large. Needs a QGuiApplication.
 Drawing slidesAsPng(const Message& message, SlideRange range, int scale);
 
-/// The message as one HTML page that needs nothing else: header, slides, and the parts to be saved.
+/// Makes one HTML page that loads nothing else: header, slides, and the parts to save.
 Drawing slidesAsPage(Message& message, SlideRange range);
 
-/// The slides of a range that there are, as many as there is room for; a note tells of the rest.
+/// The slides of a range, as many as can be drawn; a note reports the others.
 SlideRange slidesWithin(SlideRange range, int slides, int room, QStringList& notes);
 
-/// A note on pictures that were too much; none without.
+/// The note on pictures that were too large to draw; none without such.
 QStringList notesOnPictures(int leftOut);

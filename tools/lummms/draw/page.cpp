@@ -16,22 +16,22 @@
 
 namespace {
 
-constexpr int MOST_SLIDES = 500; // more than anybody looks at; each takes room in the page
+constexpr int MOST_SLIDES = 500; // each takes space in the page
 constexpr int MOST_LINES_ASIDE = 2;
-constexpr double ASIDE_LINE = 5.25; // rem; a name and the controls of a sound
+constexpr double ASIDE_LINE = 5.25; // rem; the space for a name and audio controls
 
 QString resource(const char* name) {
     QFile file(QStringLiteral(":/lummms/page/") + QLatin1String(name));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-/// What a Content-Security-Policy says to allow exactly this style or script.
+/// The source expression that makes a Content-Security-Policy allow exactly this style or script.
 QString allowed(const QString& text) {
     const QByteArray hash = QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Sha256).toBase64();
     return QStringLiteral("'sha256-%1'").arg(QString::fromLatin1(hash));
 }
 
-/// The pattern with a value in place of each {{name}}. What values hold is not looked at.
+/// Replaces each {{name}} by its value. Values are not expanded again.
 QString filled(const QString& pattern, const QHash<QString, QString>& values) {
     static const QRegularExpression mark("\\{\\{([a-z-]+)\\}\\}");
     QString text;
@@ -44,7 +44,7 @@ QString filled(const QString& pattern, const QHash<QString, QString>& values) {
     return text.append(QStringView(pattern).sliced(done));
 }
 
-/// Writes the slides, and the style that is this message's own: the sizes of screen and regions.
+/// Writes the slides and the message's own style: sizes of screen and regions.
 class SlidesWriter {
 public:
     SlidesWriter(const Message& message, PageContents& contents) : views_(message), contents_(contents) {}
@@ -60,7 +60,7 @@ private:
 
     const SlideViews views_;
     PageContents& contents_;
-    QHash<QString, int> boxes_; // the styles of regions, and their numbers
+    QHash<QString, int> boxes_; // the styles of regions, and their class numbers
     qsizetype linesAside_ = 0;
 };
 

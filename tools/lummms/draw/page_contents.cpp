@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int MOST_PARTS = 500; // in the list; bodies within bodies can have thousands
+constexpr int MOST_PARTS = 500; // in the list; nested bodies can have thousands
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
@@ -24,8 +24,8 @@ QString base64(const QByteArray& octets) {
     return QString::fromLatin1(octets.toBase64());
 }
 
-/// The type that the browser is told: that of a picture by its octets, of a sound as the sender says. A part
-/// of any other type is only saved, and nothing else is made of it.
+/// The type given to the browser: a picture's by its octets, a sound's as sent. Any other part can only be
+/// saved.
 QString blobType(const ObjectView& view, const QByteArray& pictureFormat) {
     static const QRegularExpression playable("^(audio|video)/[a-z0-9.+-]+$");
     const QString type = view.part->getMimeFormat().toLower();
@@ -36,7 +36,7 @@ QString blobType(const ObjectView& view, const QByteArray& pictureFormat) {
     return playable.match(type).hasMatch() ? type : QStringLiteral("application/octet-stream");
 }
 
-/// A text is its own content where nothing had to be taken out of it: HTML keeps all but carriage returns.
+/// Text that needs no cleaning is its own data: HTML keeps every character but carriage returns.
 QString textContent(const Part& part, bool& isWhole) {
     const QString words = wordsOf(part);
     isWhole = words.toUtf8() == QByteArray(part.getBodyData());
@@ -80,7 +80,7 @@ int PageContents::numberOf(const ObjectView& view) {
                 attribute("height", QString::number(picture.header.size.height()));
         if (picture.state != PICTURE_SHOWN)
             data += attribute("gap", picture.state == PICTURE_BROKEN ? "cannot be shown" : "too large");
-        else if (picture.header.format == "wbmp") { // which browsers lack
+        else if (picture.header.format == "wbmp") { // browsers cannot show WBMP
             data += QStringLiteral(" data-shown=\"content%1-shown\"").arg(number);
             written_ += QStringLiteral("<data id=\"content%1-shown\" data-type=\"image/png\" value=\"%2\">"
                                        "</data>\n")

@@ -8,18 +8,18 @@
 
 class MMS_COMP_SMILMultipartBodypart;
 
-/// What a page holds of a message's parts. Each stands in it once, however many slides show it and although
-/// it can be saved; slides and links name it by its id.
+/// The contents of a message's parts in a page. Each is written once, even if several slides show it and it
+/// can be saved: slides and links refer to it by id.
 class PageContents {
 public:
-    /// The id of an object's content, which is written now if it was not before.
+    /// The id of an object's content, which is written at the first call.
     QString idOf(const ObjectView& view);
-    /// The parts of a message, those within parts too, as items of a list with links that save them.
+    /// All parts of a message, nested ones too, as list items with links to save them.
     QString listOf(Message& message);
-    /// How many parts there are in such a list.
+    /// Number of parts in that list.
     int listed() const { return listed_; }
 
-    /// The contents themselves, to stand unseen in the page.
+    /// The contents, to be placed in the page without being shown.
     QString written() const { return written_; }
     int picturesLeftOut() const { return pictures_.leftOut(); }
 

@@ -67,7 +67,7 @@ QString pageFields(const Message& message) {
         if (!message.header.fieldsPresent(presenceBit(row.code)))
             continue;
         if (row.code == FIELD_DATE && message.reading() == READING_PHONE)
-            continue; // the phone's is the moment of reading
+            continue; // in the phone's reading, the Date is the time of reading
         rows += QStringLiteral("<dt>%1</dt><dd dir=\"auto\">%2</dd>\n")
                     .arg(QLatin1String(row.name), row.value(message.header).toHtmlEscaped());
     }

@@ -4,8 +4,8 @@
 
 class Message;
 
-/// The subject as the page's title, ready to stand in HTML.
+/// The subject as title of the page, escaped for HTML.
 QString pageTitle(const Message& message);
 
-/// Sender, recipients and date as rows of a definition list; those that the message has.
+/// Sender, recipients and date as rows of a definition list, where present.
 QString pageFields(const Message& message);

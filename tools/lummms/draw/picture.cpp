@@ -10,19 +10,19 @@
 
 namespace {
 
-constexpr int MOST_SLIDES = 30;               // side by side, in a picture that programs can open
-constexpr qreal MOST_PIXELS = 24 * (1 << 20); // of that picture
-constexpr qreal GREATEST_WIDTH = 32'000;      // that a painter can clip
+constexpr int MOST_SLIDES = 30;               // of one picture: a limit that other programs can open
+constexpr qreal MOST_PIXELS = 24 * (1 << 20); // of the whole picture
+constexpr qreal GREATEST_WIDTH = 32'000;      // the limit of Qt's raster painter
 constexpr qreal MARGIN = 6;                   // around each slide
-constexpr qreal NARROWEST = 120;              // with room for what is said of a slide
+constexpr qreal NARROWEST = 120;              // leaves room for the text below a slide
 
-/// A slide with its legend and the margins around them.
+/// A slide with the text below and the margins.
 QSizeF cellOf(const Screen& screen) {
     return QSizeF(std::max(screen.size().width(), NARROWEST) + 2 * MARGIN,
                   screen.size().height() + SlidePainter::legendHeight(screen) + 2 * MARGIN);
 }
 
-/// The wanted scale, or what there is room for.
+/// The wanted scale, or the largest that fits.
 qreal boundedScale(const QSizeF& size, int wanted) {
     return std::min({qreal(wanted), std::sqrt(MOST_PIXELS / (size.width() * size.height())),
                      GREATEST_WIDTH / size.width()});
@@ -46,7 +46,7 @@ Drawing slidesAsPng(const Message& message, SlideRange range, int scale) {
     const QSizeF cell = cellOf(views.screen());
     const QSizeF size(cell.width() * double(slides.size()), cell.height());
     const qreal pixel = boundedScale(size, scale);
-    // first, since decoding takes memory that is free again when the picture is drawn
+    // decoding comes first: its memory is free again when the picture is drawn
     const SlidePictures pictures(slides, views.screen().size(), pixel);
 
     QImage image((size * pixel).toSize().expandedTo(QSize(1, 1)), QImage::Format_RGB32);

@@ -14,18 +14,18 @@
 
 namespace {
 
-constexpr int OCTETS_PER_COEFFICIENTS = 8; // of a pixel, kept until the last scan: four components, two each
+constexpr int OCTETS_PER_COEFFICIENTS = 8; // of a pixel, until the last scan: four components of two octets
 
-/// Formats of pictures that phones send. Others, whatever plug-ins can read, are left alone.
+/// Picture formats that phones send. No other is decoded, even if Qt has a plug-in for it.
 constexpr const char* PICTURE_FORMATS[] = {"png", "jpeg", "gif", "bmp", "webp"};
 
 constexpr QByteArrayView PNG_SIGNATURE("\x89PNG\r\n\x1a\n", 8);
 constexpr QByteArrayView PNG_CHUNKS[] = {"IHDR", "PLTE", "tRNS", "IDAT", "IEND"};
 constexpr qsizetype PNG_CHUNK_FRAME = 12;     // length, type and checksum
-constexpr qsizetype PNG_INTERLACE_PLACE = 28; // in the header chunk, which is the first
+constexpr qsizetype PNG_INTERLACE_PLACE = 28; // in the header chunk, which comes first
 
-/// Nothing is written to the standard error as long as one exists: libraries that decode pictures tell
-/// there what they find broken, past every handler.
+/// Suppresses standard error while it exists: decoding libraries report broken pictures there, bypassing Qt's
+/// message handler.
 class SilentErrors {
 public:
     SilentErrors() : nowhere_(open("/dev/null", O_WRONLY | O_CLOEXEC)) {
@@ -46,7 +46,7 @@ private:
     const int nowhere_;
 };
 
-/// The octets themselves do not tell a WBMP.
+/// A WBMP has no signature.
 bool isWbmp(const MMS_COMP_SMILMultipartBodypart& part) {
     return part.getSubType().endsWith(QLatin1String("wbmp"), Qt::CaseInsensitive);
 }
@@ -59,33 +59,31 @@ bool isTransposed(const QImageReader& reader) {
     return reader.transformation() & QImageIOHandler::TransformationRotate90;
 }
 
-/// How the coded pixels of a JPEG are laid out.
+/// How the pixels of a JPEG are encoded.
 struct JpegLayout {
     int scans = 0;
-    bool isInOneScan =
-        false; ///< all colours in one scan, row by row: any other decoder keeps all coefficients
+    bool isInOneScan = false; ///< all colours in one scan; otherwise a decoder keeps all coefficients
 };
 
-/// Walks over the segments, as a decoder does: what stands inside them, such as a small preview, does not
-/// count.
+/// Walks the JPEG's segments like a decoder; what is inside a segment, such as a thumbnail, is skipped.
 JpegLayout layoutOf(const QByteArray& jpeg) {
     const auto octet = [&jpeg](qsizetype at) { return at < jpeg.size() ? quint8(jpeg[at]) : quint8(0); };
     JpegLayout layout;
-    int components = 0; // of a frame that is coded in one scan or in one for each
+    int components = 0; // of a frame in one scan, or in one scan for each
     for (qsizetype at = 2; (at = jpeg.indexOf('\xFF', at)) >= 0;) {
         const quint8 marker = octet(++at);
-        if (marker == 0xFF || marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9)) // alone, or no marker
+        if (marker == 0xFF || marker <= 0x01 || (marker >= 0xD0 && marker <= 0xD9)) // has no length
             continue;
-        if (marker == 0xDA && ++layout.scans == 1) // a decoder decides by the first
+        if (marker == 0xDA && ++layout.scans == 1) // as a decoder does, by the first scan
             layout.isInOneScan = components && octet(at + 3) == components;
-        if (marker == 0xC0 || marker == 0xC1) // a frame: its size is three numbers ahead
+        if (marker == 0xC0 || marker == 0xC1) // a baseline frame: three octets before its size
             components = octet(at + 8);
         at += 1 + octet(at + 1) * 256 + octet(at + 2);
     }
     return layout;
 }
 
-/// How often a decoder walks over the picture.
+/// Number of passes over the picture.
 int scansOf(QImageReader& reader, const QByteArray& format, const QByteArray& octets) {
     return std::max(format == "jpeg" ? layoutOf(octets).scans : reader.imageCount(), 1);
 }
@@ -127,7 +125,7 @@ PictureHeader readPictureHeader(const MMS_COMP_SMILMultipartBodypart& part) {
     QByteArray octets = octetsToDecode(part);
     QBuffer buffer(&octets);
     QImageReader reader(&buffer);
-    const QByteArray format = reader.format(); // by content; a name does not count
+    const QByteArray format = reader.format(); // by content, not by name
     if (std::find(std::begin(PICTURE_FORMATS), std::end(PICTURE_FORMATS), format) ==
         std::end(PICTURE_FORMATS))
         return header;

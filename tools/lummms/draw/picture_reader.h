@@ -6,16 +6,16 @@
 
 class MMS_COMP_SMILMultipartBodypart;
 
-// Pictures are a stranger's octets, and few octets can announce many pixels. Everything here looks at the
-// header first; nothing is decoded that needs more than a fixed amount of memory.
+// Pictures are untrusted input, and a few octets can announce many pixels. These functions read the header
+// first and decode nothing that needs more than a fixed amount of memory.
 
-/// What is known of a picture before it is decoded.
+/// What the header says about a picture.
 struct PictureHeader {
-    QByteArray format;     ///< "png", "jpeg", "gif", "bmp", "webp" or "wbmp"; empty: no picture that is drawn
-    QSize size;            ///< as it is shown, turned upright
+    QByteArray format;     ///< "png", "jpeg", "gif", "bmp", "webp" or "wbmp"; empty if it is not drawn
+    QSize size;            ///< as shown, upright
     int scans = 1;         ///< passes over the pixels: scans of a JPEG, frames of an animation
-    bool scalable = false; ///< whether it is made smaller while it is read, and only that takes memory
-    qint64 memory = 0;     ///< octets that decoding it at its full size takes
+    bool scalable = false; ///< whether it can be scaled down during decoding, which bounds the memory
+    qint64 memory = 0;     ///< octets for decoding at full size
 
     qint64 pixels() const { return qint64(size.width()) * size.height(); }
 };
@@ -23,17 +23,17 @@ struct PictureHeader {
 /// Reads the header of a part's picture.
 PictureHeader readPictureHeader(const MMS_COMP_SMILMultipartBodypart& part);
 
-/// What one picture of a stranger may take, in megabytes; all else that is drawn needs room beside it.
+/// The memory limit of one picture in megabytes; the rest of the drawing needs memory too.
 constexpr int DECODER_MEGABYTES = 160;
 
-/// Whether the picture can be decoded at all, larger or smaller, in so much memory.
+/// Whether the picture can be decoded, at any size, in that much memory.
 bool fitsMemory(const PictureHeader& header, int megabytes = DECODER_MEGABYTES);
 
-/// Decodes a picture, at most in the wanted size or larger if that is what its format gives; a null image
-/// when it is broken or needs more memory.
+/// Decodes a picture at the wanted size or the nearest larger one that its format can give. A null image when
+/// it is broken or needs more memory.
 QImage decodePicture(const MMS_COMP_SMILMultipartBodypart& part, const PictureHeader& header, QSize wanted,
                      int megabytes = DECODER_MEGABYTES);
 
-/// A PNG without all chunks that only say more about the picture: texts and profiles among them are
-/// compressed, and a decoder would unpack them. Other octets, and a broken rest, stay as they are.
+/// A PNG without ancillary chunks: texts and profiles are compressed, and a decoder would unpack them. Other
+/// octets are returned unchanged, and so is a broken rest.
 QByteArray withoutAncillaryChunks(const QByteArray& png);

@@ -5,7 +5,7 @@ namespace {
 constexpr qint64 MEGA = 1 << 20;
 constexpr qint64 MOST_PIXELS = 64 * MEGA;
 constexpr qint64 MOST_SCANS = 200;
-constexpr qint64 MOST_SCANNED_PIXELS = 256 * MEGA; // each scan walks over all pixels of its picture
+constexpr qint64 MOST_SCANNED_PIXELS = 256 * MEGA; // each scan is a pass over all pixels
 
 } // namespace
 

@@ -4,27 +4,27 @@
 
 #include <QHash>
 
-/// Whether a picture is shown.
+/// The state of a picture.
 enum PICTURE_STATE {
     PICTURE_SHOWN,
-    PICTURE_BROKEN,   ///< it cannot be decoded
-    PICTURE_TOO_MUCH, ///< it takes more than there is left for the pictures of the message
+    PICTURE_BROKEN,   ///< cannot be decoded
+    PICTURE_TOO_MUCH, ///< beyond the limits for the pictures of a message
 };
 
-/// The pictures of a message. Together they may have 64 megapixels and 200 scans, counted in the order in
-/// which they are asked for; each counts once, however many slides show it.
+/// The pictures of a message. Their limit is 64 megapixels and 200 scans together, in the order in which they
+/// are requested; a picture on several slides counts once.
 class Pictures {
 public:
     struct Picture {
         PictureHeader header;
         PICTURE_STATE state;
     };
-    /// What is known of a part's picture. The part must stay where it is.
+    /// The state of a part's picture. The part must not move.
     Picture of(const MMS_COMP_SMILMultipartBodypart& part);
-    /// The state of a picture that was asked for before.
+    /// The state of a picture requested before.
     PICTURE_STATE stateOf(const MMS_COMP_SMILMultipartBodypart& part) const;
 
-    /// How many were too much.
+    /// Number of pictures beyond the limits.
     int leftOut() const { return leftOut_; }
 
 private:

@@ -10,23 +10,23 @@
 namespace {
 
 constexpr QSizeF PHONE_REGION(120, 160);
-constexpr QSizeF USUAL_SCREEN(240, 320); // where the sender gives no size
+constexpr QSizeF USUAL_SCREEN(240, 320); // when the sender gives no size
 constexpr qreal LARGEST_SIDE = 4096;
-constexpr qreal SMALLEST_LETTERS = 12; // the phone's
+constexpr qreal SMALLEST_LETTERS = 12; // the phone's size of letters
 constexpr qreal LETTERS_PER_SCREEN = 20;
-constexpr int NOT_GIVEN = -1; // what the presentation holds for a measure that is absent
+constexpr int NOT_GIVEN = -1; // marks an absent measure in the presentation
 
 QSizeF bounded(const QSizeF& size) {
     return size.expandedTo(QSizeF(1, 1)).boundedTo(QSizeF(LARGEST_SIDE, LARGEST_SIDE));
 }
 
-/// A measure in pixels of the layout; per cent count of the `whole`.
+/// A measure in pixels of the layout; percentages are of `whole`.
 qreal pixels(float measure, bool isPercent, qreal whole) {
     const qreal value = isPercent ? qreal(measure) * whole / 100 : qreal(measure);
     return std::isfinite(value) ? std::clamp(value, -LARGEST_SIDE, LARGEST_SIDE) : 0;
 }
 
-/// The box of a region on a screen of that size. Without a width or height it runs to the screen's edge.
+/// The box of a region. Without width or height it extends to the edge of the screen.
 QRectF boxOf(const MMS_COMP_SMILRegion& region, bool isPercent, const QSizeF& screen) {
     const auto start = [&](float measure, qreal whole) {
         return measure == NOT_GIVEN ? 0 : pixels(measure, isPercent, whole);
@@ -69,7 +69,7 @@ void Screen::takeRegions(const MMS_COMP_SMILData& presentation) {
         return;
     if (!sizeGiven)
         size_ = isPercent || all.isEmpty() ? screen : QSizeF(all.right(), all.bottom());
-    else // what stands beside the screen would not be seen: phones make room for it
+    else // objects outside the screen would be invisible: like phones, extend the screen
         size_ = screen.expandedTo(QSizeF(all.right(), all.bottom()).boundedTo(screen * 2));
 }
 

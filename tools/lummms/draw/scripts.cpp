@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Scripts that messages are written in, and the package with fonts for them.
+/// Scripts, and the Debian package with fonts for each.
 struct ScriptRow {
     QChar::Script script;
     const char* name;
@@ -45,10 +45,10 @@ constexpr ScriptRow SCRIPT_ROWS[] = {
     {QChar::Script_Mongolian, "Mongolian", "fonts-noto-core"},
 };
 constexpr ScriptRow EMOJI = {QChar::Script_Common, "emoji", "fonts-noto-color-emoji"};
-constexpr char32_t FIRST_EMOJI = 0x1F000;   // below, symbols that nearly every font has
+constexpr char32_t FIRST_EMOJI = 0x1F000;   // most symbols below are in nearly every font
 constexpr qsizetype MOST_CHARACTERS = 4000; // that are looked up in the fonts
 
-/// The row of a character's script; null for what belongs to no script, or to one of no living language.
+/// The row of a character's script; null for characters of no script or of no living language.
 const ScriptRow* rowOf(char32_t character) {
     const QChar::Script script = QChar::script(character);
     if (script == QChar::Script_Common && character >= FIRST_EMOJI)

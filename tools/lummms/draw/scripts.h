@@ -5,14 +5,14 @@
 #include <QStringList>
 #include <QStringView>
 
-/// Notices which scripts of drawn texts no installed font has.
+/// Collects the scripts of drawn texts that no installed font has.
 class Scripts {
 public:
     explicit Scripts(const QFont& font) : font_(font) {}
 
-    /// Looks at the characters of a text that is drawn.
+    /// Checks the characters of a drawn text.
     void look(QStringView text);
-    /// A line for each script that cannot be drawn, with the Debian package of fonts to install.
+    /// A line for each script without a font, with the Debian package to install.
     QStringList missing() const { return missing_; }
 
 private:

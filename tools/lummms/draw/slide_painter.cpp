@@ -12,8 +12,8 @@ namespace {
 
 constexpr int LINES_UNDER_SLIDE = 3;
 constexpr qreal LINE_PER_LETTER = 1.25;
-constexpr qsizetype WORDS_DRAWN = 1500; // characters of a text; the phone's region has room for some 300
-constexpr qsizetype ALL_WORDS_DRAWN = 60'000; // of all texts: laying out a character takes a while
+constexpr qsizetype WORDS_DRAWN = 1500;       // characters of a text; the phone's region shows about 300
+constexpr qsizetype ALL_WORDS_DRAWN = 60'000; // of all texts: text layout is slow
 
 qreal lineOf(const Screen& screen) {
     return screen.fontPixels() * LINE_PER_LETTER;
@@ -25,7 +25,7 @@ QFont fontOf(const Screen& screen) {
     return font;
 }
 
-/// The beginning of a text, which is all that a region has room for.
+/// The beginning of a text: a region shows no more.
 QString beginning(const QString& words) {
     const bool cutsPair = words.size() > WORDS_DRAWN && words.at(WORDS_DRAWN - 1).isHighSurrogate();
     return words.left(cutsPair ? WORDS_DRAWN - 1 : WORDS_DRAWN)
@@ -57,7 +57,7 @@ QString SlidePainter::elided(const QString& text, qreal width) const {
     return QFontMetricsF(painter_.font()).elidedText(text.left(200), Qt::ElideMiddle, width);
 }
 
-/// A dashed frame with words in it, for what cannot be drawn.
+/// Draws a dashed frame with words in it, in place of what cannot be drawn.
 void SlidePainter::drawGap(const QRectF& box, const QString& words, const QString& name) {
     const QRectF frame = box.adjusted(4, 4, -4, -4);
     painter_.fillRect(frame, QColor(238, 238, 238));
@@ -91,7 +91,7 @@ void SlidePainter::drawVideo(const ObjectView& object) {
         QPolygonF({top, top + QPointF(0, line_ * 1.6), top + QPointF(line_ * 1.35, line_ * 0.8)}));
 }
 
-/// Draws the lines of a text that there is room for, at the side where its writing begins.
+/// Draws the lines of a text that fit, aligned to the side where its script begins.
 void SlidePainter::layOut(const QString& words, const QRectF& box) {
     QTextOption option;
     option.setTextDirection(words.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
@@ -157,7 +157,7 @@ void SlidePainter::drawSoundMark(const QPointF& at, qreal unit, const QColor& co
     painter_.restore();
 }
 
-/// The lines under a slide: its number and duration, then what is heard or else goes with it.
+/// The lines below a slide: number and duration, then sounds and other parts.
 void SlidePainter::drawLegend(const SlideView& slide, int number) {
     const qreal top = screen_.height() + 2;
     painter_.setPen(Qt::black);

@@ -9,16 +9,16 @@
 
 class QPainter;
 
-/// Draws slides, one at a time, with the painter's origin at the corner of the screen.
+/// Draws slides one at a time, with the painter's origin at the corner of the screen.
 class SlidePainter {
 public:
     SlidePainter(QPainter& painter, const Screen& screen, const SlidePictures& pictures);
 
     void draw(const SlideView& slide, int number);
 
-    /// The room below a screen for what is said of its slide.
+    /// The height of the text below a screen.
     static qreal legendHeight(const Screen& screen);
-    /// What was drawn in a script that no installed font has, or not at all: a line for each.
+    /// A note for each script without a font, and for what was not drawn.
     QStringList notes() const;
 
 private:

@@ -8,9 +8,9 @@
 
 namespace {
 
-constexpr qint64 MOST_PIXELS_KEPT = 20 << 20; // of four octets
+constexpr qint64 MOST_PIXELS_KEPT = 20 << 20; // of four octets each
 
-/// The rectangle that a picture of that size takes in its region, which clips it.
+/// The rectangle of a picture of that size in its region, which clips it.
 QRectF placed(const QSizeF& size, const Place& place) {
     QSizeF shown = size;
     if (place.fit == MMS_COMP_SMIL_FIT_FILL)
@@ -34,7 +34,7 @@ SlidePictures::Key SlidePictures::keyOf(const ObjectView& object) {
 }
 
 SlidePictures::SlidePictures(const QList<SlideView>& slides, const QSizeF& screen, qreal scale) {
-    std::map<Key, const ObjectView*> objects; // those of one part stand together
+    std::map<Key, const ObjectView*> objects; // sorted by part: a part's pictures are adjacent
     for (const SlideView& slide : slides)
         for (const ObjectView& object : slide.objects)
             if (object.kind == VIEW_PICTURE && object.part &&
@@ -53,7 +53,7 @@ SlidePictures::SlidePictures(const QList<SlideView>& slides, const QSizeF& scree
     leftOut_ += pictures_.leftOut();
 }
 
-/// Decodes a part's picture, and cuts it for each of the objects that show it.
+/// Decodes a part's picture once and cuts it for each object that shows it.
 void SlidePictures::decode(const QList<const ObjectView*>& objects, const QSizeF& screen, qreal scale) {
     const MMS_COMP_SMILMultipartBodypart& part = *objects.first()->part;
     const PictureHeader header = pictures_.of(part).header;

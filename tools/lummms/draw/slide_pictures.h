@@ -9,22 +9,22 @@
 #include <map>
 #include <tuple>
 
-/// The pictures of slides, ready to be drawn. Each is decoded once, made as large as it is drawn and cut to
-/// what is seen of it, and then only that is kept.
+/// The pictures of slides, decoded once, scaled to the size drawn and cut to the visible rectangle. Only the
+/// result is kept.
 class SlidePictures {
 public:
-    /// Decodes the pictures for a screen of that size, each pixel of it `scale` pixels wide.
+    /// Decodes the pictures for a screen of that size with `scale` pixels for each of its pixels.
     SlidePictures(const QList<SlideView>& slides, const QSizeF& screen, qreal scale);
 
-    /// One picture at its place on the screen.
+    /// A picture at its place on the screen.
     struct Shown {
         PICTURE_STATE state;
-        QRectF box;   ///< that it takes on the screen
-        QImage image; ///< null when nothing is seen of it
+        QRectF box;   ///< its place on the screen
+        QImage image; ///< null when nothing of it is visible
     };
     /// The picture of an object with content.
     Shown of(const ObjectView& object) const;
-    /// How many pictures were left out because they are too much.
+    /// Number of pictures left out because of the limits.
     int leftOut() const { return leftOut_; }
 
 private:

@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr int MOST_OBJECTS = 20; // of a slide; a phone shows three at a time
+constexpr int MOST_OBJECTS = 20; // of a slide; phones show three at a time
 
-/// A part's own type tells what a `ref` refers to.
+/// The kind of a `ref` is that of its part's type.
 VIEW_KIND kindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element, const MMS_COMP_SMILMultipartBodypart* part) {
     const auto type = element == MMS_COMP_SMIL_MEDIA_REF && part
                           ? MMS_COMP_SMILParser::getTypeEnum(part->getContentType().toLower())
@@ -78,12 +78,12 @@ SlideView SlideViews::at(int index) const {
         view.page = root->getBackgroundColor()->color;
     if (isGiven(slide.getTextColor()))
         view.text = slide.getTextColor().color;
-    else if (qGray(view.page.rgb()) < 100) // a text that can be read on a dark page
+    else if (qGray(view.page.rgb()) < 100) // light text on a dark page
         view.text = Qt::white;
     const int count = std::min(slide.getMediaObjectCount(), MOST_OBJECTS);
     for (int i = 0; i < count; ++i)
         view.objects += objectView(*slide.getMediaObject(i));
-    if (message_.reading() == READING_PHONE) // its texts stand above all else in their region
+    if (message_.reading() == READING_PHONE) // the phone draws texts above all else in their region
         std::stable_partition(view.objects.begin(), view.objects.end(),
                               [](const ObjectView& object) { return object.kind != VIEW_TEXT; });
     return view;

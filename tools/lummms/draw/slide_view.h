@@ -11,41 +11,41 @@ class Message;
 class MMS_COMP_SMILMediaObject;
 class MMS_COMP_SMILMultipartBodypart;
 
-// What a slide looks like, for those who draw it.
+// The slides prepared for drawing.
 
 /// How an object is shown.
 enum VIEW_KIND { VIEW_TEXT, VIEW_PICTURE, VIEW_VIDEO, VIEW_SOUND, VIEW_OTHER };
 
-/// One object of a slide.
+/// An object of a slide.
 struct ObjectView {
     VIEW_KIND kind;
     Place place;
-    QString name;                               ///< the content's name, fit to be shown
-    QString alt;                                ///< what the sender says of it instead; may be empty
-    const MMS_COMP_SMILMultipartBodypart* part; ///< null when there is no content
+    QString name;                               ///< the content's name, without control characters
+    QString alt;                                ///< the sender's alternative text; may be empty
+    const MMS_COMP_SMILMultipartBodypart* part; ///< null without content
 };
 
-/// One slide.
+/// A slide.
 struct SlideView {
     int duration; ///< milliseconds; -1 not given, -2 until the user goes on
     QColor page;
     QColor text;
-    QList<ObjectView> objects; ///< the later ones above the earlier ones
+    QList<ObjectView> objects; ///< from the bottom to the top
 };
 
-/// Whether an object is not on the screen, but told of below it.
+/// Whether an object is not on the screen but listed below it.
 bool standsAside(const ObjectView& object);
-/// Whether a slide has sounds and nothing to be seen.
+/// Whether a slide has sounds and nothing visible.
 bool isOnlyHeard(const SlideView& slide);
 
-/// The slides of a message whose presentation has been read, and that stays where it is.
+/// The slides of a message. Its presentation must have been read, and the message must not move.
 class SlideViews {
 public:
     explicit SlideViews(const Message& message) : message_(message), screen_(message) {}
 
     const Screen& screen() const { return screen_; }
     int count() const;
-    /// The n-th slide, with as many objects as one can tell apart.
+    /// The slide at index n, with a limited number of objects.
     SlideView at(int index) const;
 
 private:
@@ -55,11 +55,11 @@ private:
     Screen screen_;
 };
 
-/// Gives a message without a presentation slides of its parts, filled one after the other.
+/// Makes slides of the parts of a message without a presentation, filling one after another.
 void makeSlidesOfParts(Message& message);
 
-/// The words of a text, without what would steer whatever shows them.
+/// The text without control characters.
 QString wordsOf(const MMS_COMP_SMILMultipartBodypart& part);
 
-/// "5 s"; what is said of a slide without a duration.
+/// "5 s", or the text for a slide without a duration.
 QString durationLabel(int milliseconds);

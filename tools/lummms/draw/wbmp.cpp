@@ -5,10 +5,10 @@
 
 namespace {
 
-constexpr int LARGEST_SIDE = 4096; // far more than the screens that such pictures are for
+constexpr int LARGEST_SIDE = 4096; // far larger than the screens for which WBMP was made
 
-/// Takes a multi-octet integer from the front: seven bits an octet, the highest first, the top bit set on
-/// all but the last.
+/// Takes a multi-octet integer from the front: seven bits an octet, the highest first, the top bit set on all
+/// but the last.
 std::optional<int> takeNumber(QByteArrayView& octets) {
     int number = 0;
     while (!octets.isEmpty() && number <= LARGEST_SIDE) {
@@ -25,9 +25,9 @@ qsizetype octetsOfRow(int width) {
     return (width + 7) / 8;
 }
 
-/// Takes the header from the front; an empty size when the rows behind it are not all there.
+/// Takes the header from the front. An empty size when rows are missing behind it.
 QSize takeHeader(QByteArrayView& octets) {
-    if (octets.size() < 2 || octets[0] != 0 || octets[1] != 0) // type 0, no further headers
+    if (octets.size() < 2 || octets[0] != 0 || octets[1] != 0) // type 0 without extension headers
         return QSize();
     octets = octets.sliced(2);
     const std::optional<int> width = takeNumber(octets);

@@ -3,9 +3,9 @@
 #include <QByteArrayView>
 #include <QImage>
 
-/// The size of a black and white picture of phones (WAP wireless bitmap, type 0), which Qt reads only with a
-/// plug-in; an empty one for other octets, and for a picture that is cut off.
+/// The size of a wireless bitmap (WAP WBMP, type 0), which Qt reads only with a plug-in. Empty for other
+/// octets and for a truncated picture.
 QSize wbmpSize(QByteArrayView octets);
 
-/// The picture; a null image where the size is empty.
+/// The picture; a null image where wbmpSize() is empty.
 QImage wbmpPicture(QByteArrayView octets);

@@ -57,14 +57,14 @@ QString localTime(const QDateTime& time) {
     return time.toLocalTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"));
 }
 
-/// The phone does not keep when a message was sent.
+/// The phone does not store when a message was sent.
 QString dateOf(const Message& message) {
     return localTime(message.header.getSendTime()) +
            (message.reading() == READING_PHONE ? QStringLiteral(" (moment of reading)") : QString());
 }
 
-/// Expiry as time from now; a moment in the past has become a very large unsigned number. A moment as it was
-/// sent stays one.
+/// Expiry is stored in seconds from now; for a time in the past as a very large unsigned number. A date sent
+/// as such is shown as a date.
 QString expiryOf(const Message& message) {
     const MMS_UA_UAMsg& header = message.header;
     const MMS_WIRE_Item sent = message.wire().field(FIELD_EXPIRY);
@@ -81,7 +81,7 @@ QString contentTypeOf(const MMS_UA_UAMsg& header) {
     return printable(type.type + u'/' + type.subType + parameters);
 }
 
-/// Hide sets the flag of the phone; as it was sent, Show does.
+/// In the phone's reading Hide sets the flag, as sent Show does.
 QString visibilityOf(const Message& message) {
     const bool hidden = message.header.getSenderVisibility() == (message.reading() == READING_PHONE);
     return hidden ? QStringLiteral("Hide") : QStringLiteral("Show");
@@ -91,7 +91,7 @@ QString yesNo(bool flag) {
     return flag ? QStringLiteral("Yes") : QStringLiteral("No");
 }
 
-/// A field and how its value is shown, in one or more lines.
+/// A field, and how its value is shown on one or more lines.
 struct FieldRow {
     FIELD_CODE code;
     QStringList (*lines)(const Message& message);
@@ -99,7 +99,7 @@ struct FieldRow {
 
 using Read = const Message&;
 
-/// All fields in the order in which they are shown.
+/// All fields, in the order shown.
 constexpr FieldRow FIELD_ROWS[] = {
     {FIELD_MESSAGE_TYPE, [](Read m) { return QStringList(kindOf(m)); }},
     {FIELD_TRANSACTION_ID, [](Read m) { return QStringList(printable(m.header.getTransactionId())); }},
@@ -133,7 +133,7 @@ constexpr FieldRow FIELD_ROWS[] = {
 constexpr int NAME_WIDTH = 23; // the longest name of the phone's fields
 constexpr int MOST_UNKNOWN_TOLD = 5;
 
-/// The name of a field as a person needs it.
+/// The name of a field for the user.
 QString withoutPrefix(const QString& name) {
     const QLatin1String prefix("X-Mms-");
     return name.startsWith(prefix) ? name.sliced(prefix.size()) : name;
@@ -146,7 +146,7 @@ void addLines(QString& text, QString name, const QStringList& lines) {
     }
 }
 
-/// The codes of the fields that the message must have and has not.
+/// The codes of the mandatory fields that are missing.
 QList<int> missingFields(const Message& message) {
     if (message.reading() == READING_SENT)
         return message.wire().missingFields();
@@ -158,7 +158,7 @@ QList<int> missingFields(const Message& message) {
     return missing;
 }
 
-/// What is to be said of the fields as a whole.
+/// Remarks about all fields together.
 QStringList remarksOnHeader(const Message& message) {
     const bool sent = message.reading() == READING_SENT;
     QStringList remarks;

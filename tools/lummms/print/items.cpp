@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype OCTETS_SHOWN = 16;
 constexpr qsizetype HEX_WIDTH = 3 * OCTETS_SHOWN;
 
-/// The first octets of an item, "8C 84"; with a "+" when there are more.
+/// The first octets of an item ("8C 84"); with "+" when there are more.
 QString firstOctets(const MMS_WIRE_Item& item) {
     const QByteArrayView octets = item.octets();
     const QByteArrayView first = octets.first(std::min(octets.size(), OCTETS_SHOWN));
@@ -39,7 +39,7 @@ void addItems(QString& text, const MMS_WIRE_Item& around, int offsetWidth, int d
     }
 }
 
-/// What an item has of its own, in the keys that have content.
+/// The values of an item, as keys that are not empty.
 QJsonObject itemJson(const MMS_WIRE_Item& item) {
     QJsonObject json{{"offset", qint64(item.offset())},
                      {"length", qint64(item.length())},
@@ -54,8 +54,8 @@ QJsonObject itemJson(const MMS_WIRE_Item& item) {
     return json;
 }
 
-/// The items inside an item as an array, a line for each: as one document they would need many times the
-/// memory.
+/// The items inside an item as an array, one a line. They are written one by one: as a single document they
+/// would take many times the memory.
 void addItemsJson(QByteArray& json, const MMS_WIRE_Item& around, int depth) {
     json += "[";
     bool isFirst = true;

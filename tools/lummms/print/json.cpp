@@ -33,14 +33,14 @@ QJsonValue jsonOf(const MMS_CONTENT_TYPE_T& type) {
     return QJsonObject{{"type", type.type}, {"subType", type.subType}, {"parameters", type.parameters}};
 }
 
-/// A header field's key and value.
+/// The key and value of a header field.
 struct FieldKey {
     FIELD_CODE code;
     const char* key;
     QJsonValue (*value)(Header header);
 };
 
-/// The Date has no key: the decoder puts the moment of reading in its place.
+/// Date has no key: the decoder replaces it by the time of reading.
 constexpr FieldKey FIELD_KEYS[] = {
     {FIELD_MESSAGE_TYPE, "messageType", [](Header h) { return QJsonValue(h.messageType); }},
     {FIELD_TRANSACTION_ID, "transactionId", [](Header h) { return QJsonValue(h.getTransactionId()); }},
@@ -75,7 +75,7 @@ constexpr FieldKey FIELD_KEYS[] = {
     {FIELD_CONTENT_TYPE, "contentType", [](Header h) { return jsonOf(h.getContentType()); }},
 };
 
-/// A field that the sender gives as a span of time or as a moment, and the key of each.
+/// A field sent as duration or as date, with the key for each.
 struct TimeKeys {
     FIELD_CODE code;
     const char* span;
@@ -95,7 +95,7 @@ QJsonObject headerFields(Header header) {
     return json;
 }
 
-/// What the header of a message says as it was sent.
+/// The header as sent.
 QJsonObject sentHeaderJson(const Message& message) {
     QJsonObject json = headerFields(message.header);
     for (const TimeKeys& keys : TIME_KEYS) {
@@ -117,7 +117,7 @@ QJsonObject sentHeaderJson(const Message& message) {
     return json;
 }
 
-/// What the phone makes of the header of a message.
+/// The header in the phone's reading.
 QJsonObject phoneHeaderJson(Header header) {
     QJsonObject json = headerFields(header);
     const MessageKind* kind = messageKind(header.messageType);
@@ -138,7 +138,7 @@ QByteArray sha256(QByteArrayView octets) {
     return QCryptographicHash::hash(octets, QCryptographicHash::Sha256).toHex();
 }
 
-/// A part, with what it says of itself on the wire where that is known.
+/// A part, with its properties as sent where `sent` is not null.
 QJsonObject partJson(const MMS_COMP_SMILMultipartBodypart& part, const MMS_WIRE_Part* sent) {
     const QByteArray decoded = sent ? sent->payload() : QByteArray();
     const QArray<char>& kept = part.getBodyData();
@@ -271,7 +271,7 @@ QJsonObject presentationJson(Message& message) {
     };
 }
 
-/// A field that the record has no place for.
+/// A field that the record cannot hold.
 QJsonObject otherFieldJson(const MMS_WIRE_Item& field) {
     QJsonObject json{{"name", field.name()}};
     if (field.code() >= 0)
@@ -290,15 +290,14 @@ QJsonArray otherFieldsJson(const Message& message) {
     return fields;
 }
 
-/// Half of a surrogate pair has no place in UTF-8, and comes as an escape that strict readers refuse: U+FFFD
-/// instead.
+/// Replaces half surrogate pairs by U+FFFD: QJsonDocument writes them as escapes that strict readers reject.
 void replaceHalfPairs(QByteArray& json) {
     for (qsizetype at = json.indexOf('\\'); at >= 0; at = json.indexOf('\\', at + 2))
         if (at + 6 <= json.size() && json[at + 1] == 'u' && json[at + 2] == 'd' && json[at + 3] >= '8')
             json.replace(at + 2, 4, "fffd");
 }
 
-constexpr int MOST_INDENTED = 1000; // parts; nested ones are indented by far more than they hold
+constexpr int MOST_INDENTED = 1000; // parts; nested ones would be indented by far more than they contain
 
 int countParts(const QJsonArray& parts) {
     int count = 0;

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What an answer says of where its message came from.
+/// The keys of an answer that identify its message.
 struct Origin {
     QLatin1String key;
     QJsonValue value;
@@ -24,7 +24,7 @@ QByteArray answer(const Origin& origin, QJsonObject json, const QString& error) 
     if (!error.isEmpty())
         json.insert("error", error);
     QByteArray text = jsonText(json, QJsonDocument::Compact);
-    // most messages are plain ASCII; in others there may be what some readers take for a line end
+    // other texts can contain characters that some readers take for line ends
     if (!std::all_of(text.cbegin(), text.cend(), [](char c) { return c >= ' ' && c < '\x7F'; }))
         text = printableLines(QString::fromUtf8(text)).toUtf8();
     return text += '\n';
@@ -75,7 +75,7 @@ int filter(READING reading) {
                                              QStringLiteral("the line is longer than 64 MiB"))
                                     : answerToLine(lines.line(), number, reading, status);
         if (!printOctets(text))
-            return EXIT_UNUSABLE; // nobody listens any more
+            return EXIT_UNUSABLE; // the reader of the output is gone
         worst = std::max(worst, status);
     }
     if (lines.failure().isEmpty())
@@ -103,8 +103,7 @@ QByteArray answerToLine(const QByteArray& line, qint64 number, READING reading, 
 }
 
 int printLines(const CommandLine& line) {
-    // each answer goes out at once and in one piece, so that programs that append to one file at the same
-    // time do not mix their lines
+    // written at once and in one call, so that programs appending to one file do not mix their lines
     std::setvbuf(stdout, nullptr, _IONBF, 0);
     const READING reading = readingAskedFor(line);
     return line.files.isEmpty() ? filter(reading) : printFiles(line.files, reading);

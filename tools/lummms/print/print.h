@@ -11,38 +11,37 @@ struct Finding;
 class Message;
 class QJsonObject;
 
-// The pieces of what `lummms show` prints.
+// The outputs of the commands.
 
 /// The header as aligned names and values.
 QString headerForPerson(const Message& message);
-/// The body's parts as a table, or what there is instead of parts.
+/// The parts of the body as a table; other text for a body that is no multipart.
 QString partsForPerson(Message& message);
-/// The presentation as a storyboard, one block a slide.
+/// The presentation slide by slide.
 QString slidesForPerson(const Message& message);
-/// The whole message as JSON. Reads the presentation itself, since it shows the parts as they were
-/// before.
+/// The whole message as JSON. Reads the presentation itself, after the parts were listed.
 QJsonObject toJson(Message& message);
-/// The same as the text of a document of its own, with a line for each value unless there are very many.
+/// The same as a text, one value a line unless there are very many.
 QByteArray messageForProgram(Message& message);
 
-/// Every item of a message that was read as it was sent, one a line: offset, octets, name and value.
+/// Every item of a message read as sent, one a line: offset, octets, name and value.
 QString itemsForPerson(const Message& message);
 /// The same as JSON.
 QByteArray itemsForProgram(const Message& message);
 
-/// What `lummms check` finds, one finding a line.
+/// The findings of `lummms check`, one a line.
 QString findingsForPerson(const QList<Finding>& findings);
 /// The same as JSON.
 QByteArray findingsForProgram(const QList<Finding>& findings);
 
-/// The name of a header field for a person: "Retrieve-Status".
+/// The name of a header field for the user: "Retrieve-Status".
 QString fieldName(int code);
-/// The value of a field that the header's record has, in one or more lines.
+/// The value of a field in the header record, on one or more lines.
 QStringList fieldLines(const Message& message, int code);
-/// The value of an item for a person: its words, its text or its number.
+/// The value of an item for the user: word, text or number.
 QString valueForPerson(const MMS_WIRE_Item& item);
 
-/// "image/jpeg"; what a message has for it instead of that.
+/// The media type of a part: "image/jpeg".
 QString typeOf(const MMS_COMP_SMILMultipartBodypart& part);
-/// The first words of a text part, in quotes and fit for a terminal.
+/// The first words of a text part in quotes, without control characters.
 QString firstWords(const MMS_COMP_SMILMultipartBodypart& part);

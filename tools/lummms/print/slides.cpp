@@ -7,7 +7,7 @@
 
 namespace {
 
-/// What a person calls the kinds of media, by MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE.
+/// The kinds of media for the user, by MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE.
 constexpr const char* KIND_WORDS[] = {"sound", "video", "text", "picture", "other"};
 
 QString kindWord(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type) {
@@ -21,7 +21,7 @@ QString durationWords(int milliseconds) {
     return milliseconds < 0 ? QStringLiteral("no duration given") : spanOfTime(milliseconds);
 }
 
-/// When an object comes and goes, as far as the presentation says so by the clock.
+/// When an object appears and disappears, if the presentation gives times.
 QString timesOf(const MMS_COMP_SMILMediaObject& object) {
     QString times;
     if (object.getBeginTimeType() == MMS_COMP_SMIL_TIME_OFFSET)
