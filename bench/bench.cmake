@@ -1,4 +1,4 @@
-# One program for each bench/*_bench.cpp.
+# A program for each bench/*_bench.cpp.
 find_package(benchmark REQUIRED)
 add_library(lumbench STATIC bench/pair.cpp bench/messages.cpp)
 target_link_libraries(lumbench PUBLIC lumsmilparser benchmark::benchmark)

@@ -4,7 +4,7 @@
 #include "codec/ua_decoder.h"
 #include "codec/ua_encoder.h"
 
-// Yardstick: the texts of the header as QStrings.
+// Yardstick: the header's texts as QStrings.
 void addFigures() {
     const struct {
         const char* name;

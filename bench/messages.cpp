@@ -17,7 +17,7 @@ QByteArrayView viewOf(const QArray<char>& octets) {
     return {octets.data(), octets.size()};
 }
 
-/// Copies the payload to `at`; the octet behind it there.
+/// Copies the payload to `at`; returns the position behind it.
 char* put(char* at, QByteArrayView payload) {
     std::memcpy(at, payload.data(), static_cast<size_t>(payload.size()));
     benchmark::ClobberMemory();

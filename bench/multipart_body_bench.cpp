@@ -11,7 +11,7 @@ unsigned char* octetsOf(const QByteArray& array) {
 
 } // namespace
 
-// Yardstick: the payloads allocated and copied; each for itself when decoding, into one when encoding.
+// Yardstick: allocating and copying the payloads, one by one for decoding, all into one for encoding.
 void addFigures() {
     const struct {
         const char* name;

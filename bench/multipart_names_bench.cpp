@@ -4,9 +4,9 @@
 
 namespace {
 
-constexpr int mostParts = 255; // that a body can tell of
+constexpr int mostParts = 255; // the largest count of a body
 
-/// Yardstick: so many names as QStrings.
+/// Yardstick: that many names as QStrings.
 std::vector<QString> makeNames() {
     static const std::vector<QByteArray> names(mostParts, QByteArray("photo_100.jpg"));
     return makeStrings(names);

@@ -12,7 +12,7 @@ long long allocations = 0;
 
 } // namespace
 
-// The allocator of the C library under the names that everybody calls, with a count.
+// Replaces the C library's allocator by one that counts.
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
@@ -42,8 +42,8 @@ AllocationCount::~AllocationCount() {
 
 namespace {
 
-/// Prints one line for each pair: the best round of each side, and what the one is of the other.
-/// The best, since whatever else the machine does can only make a round slower.
+/// Prints a line for each pair: the best round of each side and their ratio. The best, because other load on
+/// the machine only makes rounds slower.
 class PairReporter : public benchmark::BenchmarkReporter {
 public:
     bool ReportContext(const Context&) override { return true; }
@@ -96,14 +96,14 @@ private:
         std::fflush(stdout);
     }
 
-    std::map<int64_t, Pair> pairs_; // by the place of "ours"; the yardstick was added right behind it
+    std::map<int64_t, Pair> pairs_; // by the index of "ours"; its yardstick was added next
 };
 
 } // namespace
 
 int main(int argc, char** argv) {
-    // Rounds of both sides take turns, so that a busy moment of the machine meets both; they are short, so
-    // that some fall between two such moments.
+    // Rounds of both sides alternate and are short, so that other load affects both equally and some rounds
+    // not at all.
     std::vector<std::string> arguments = {argv[0], "--benchmark_repetitions=100",
                                           "--benchmark_enable_random_interleaving=true",
                                           "--benchmark_min_time=0.03"};
@@ -117,7 +117,7 @@ int main(int argc, char** argv) {
         return 2;
     addFigures();
     PairReporter reporter;
-    std::ostringstream complaint; // a program without a figure of that name is silent: another has it
+    std::ostringstream complaint; // a program without a figure of that name prints nothing
     reporter.SetErrorStream(&complaint);
     return benchmark::RunSpecifiedBenchmarks(&reporter) > 0 ? 0 : 1;
 }

@@ -4,10 +4,10 @@
 
 #include <string>
 
-/// Adds the figures of one program; each program defines it.
+/// Adds the figures of a program; each program defines it.
 void addFigures();
 
-/// Counts calls of the allocator while it lives and tells the benchmark how many one round takes.
+/// Counts calls of the allocator while it exists and reports the number for one round to the benchmark.
 class AllocationCount {
 public:
     explicit AllocationCount(benchmark::State& state);
@@ -29,11 +29,11 @@ void addMeasured(const std::string& name, long long octets, Work work) {
     });
 }
 
-/// One figure: an operation of the library measured beside its yardstick, which does what the
-/// operation cannot do without.
+/// One figure: an operation of the library, and as yardstick the work that it cannot do without, measured in
+/// the same run.
 ///
-/// `octets` is the size of the input. Both callables do the work once and give something that the
-/// compiler must not drop; they may be called any number of times.
+/// `octets` is the size of the input. Each callable does the work once and returns something that the
+/// compiler must keep; both can be called any number of times.
 template <typename Ours, typename Yardstick>
 void addPair(const std::string& name, long long octets, Ours ours, Yardstick yardstick) {
     addMeasured(name + "/ours", octets, ours);

@@ -26,9 +26,8 @@ int receive(const QByteArray& octets) {
 
 } // namespace
 
-// Yardstick: the header's texts as QStrings, the payloads allocated and copied, and the text of the
-// presentation read into a QDomDocument; all three there at the same time, as in a program that shows
-// the message.
+// Yardstick: the header's texts as QStrings, the payloads allocated and copied, and the presentation's text
+// in a QDomDocument. All three exist at the same time, as in a program that shows the message.
 void addFigures() {
     const struct {
         const char* name;

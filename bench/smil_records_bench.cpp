@@ -35,7 +35,7 @@ void addFigures() {
                 QDataStream stream(record);
                 MMS_COMP_SMILTimingContainer slide(nullptr);
                 const bool read = slide.readFromStream(stream);
-                slide.clear(); // the parts of a record are the reader's
+                slide.clear(); // the reader of a record owns its parts
                 return read;
             },
             yardstick);

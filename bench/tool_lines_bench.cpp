@@ -17,8 +17,8 @@ QByteArray retrievedMessage(int pictureSize) {
 
 } // namespace
 
-// What `lummms show --json --lines` does with one line. Yardstick: the message out of base64, the SHA-256 of
-// it, and a copy.
+// The work of `lummms show --json --lines` on one line. Yardstick: decoding the base64, the SHA-256 of the
+// message, and a copy.
 void addFigures() {
     const QByteArray octets = retrievedMessage(10 * 1024);
     const QByteArray line = "key\t" + octets.toBase64();

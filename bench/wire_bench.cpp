@@ -32,7 +32,7 @@ int readAndFill(MMS_WIRE_Reader& reader, const QByteArray& octets) {
 
 } // namespace
 
-// Yardstick: the phone's reading of the same message, which fills the record and the container.
+// Yardstick: the phone's reading of the same message into record and container.
 void addFigures() {
     const std::shared_ptr<MMS_UA_UAMsg> notification = makeHeader(MESSAGE_NOTIFICATION_IND);
     const std::shared_ptr<MMS_UA_UAMsg> retrieved = makeHeader(MESSAGE_RETRIEVE_CONF);

@@ -1,12 +1,12 @@
-# The fuzz targets, fuzz/*_fuzz.cpp: as TARGET_fuzz with the fuzzer, and as replay_TARGET, which the tests run over
-# stored inputs with any compiler.
+# The fuzz targets, fuzz/*_fuzz.cpp: each as TARGET_fuzz with libFuzzer, and as replay_TARGET, which the tests
+# run on stored inputs with any compiler.
 set(LUM_FUZZ_TARGETS header body wire smil records message)
 
-# lum_fuzz_program(name target source...): a program of one target.
+# lum_fuzz_program(name target source...): a program of one fuzz target.
 function(lum_fuzz_program name target)
     add_executable(${name} fuzz/${target}_fuzz.cpp ${ARGN})
     target_link_libraries(${name} PRIVATE lumsmilparser)
-    if(target STREQUAL message) # shows what the program shows
+    if(target STREQUAL message) # reads messages like lummms show
         target_link_libraries(${name} PRIVATE lummmsprogram)
     endif()
 endfunction()

@@ -1,11 +1,11 @@
-# What `cmake --install` puts where. The component of each file is the Debian package it goes into.
+# What `cmake --install` installs, and where. The component of a file is its Debian package.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(headers_dir ${CMAKE_INSTALL_INCLUDEDIR}/lumsmilparser)
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/LumSmilParser)
 
-# lum_install_library(target component "packages for pkg-config" description): the library and its .pc file
+# lum_install_library(target component "packages for pkg-config" description): the library and its .pc file.
 function(lum_install_library target component requires description)
     set_target_properties(${target} PROPERTIES INSTALL_RPATH "$ORIGIN")
     install(TARGETS ${target} EXPORT LumSmilParserTargets
@@ -27,7 +27,7 @@ endif()
 lum_install_library(lumsmilparser runtime "lummmsutility lummime Qt6Core Qt6Gui Qt6Xml"
                     "MMS messages: header, body and SMIL presentation")
 
-# the public headers are those that the umbrella header includes, with the folders they stand in
+# the public headers, with their folders: all that the umbrella header includes
 file(STRINGS lumsmilparser.h includes REGEX "^#include \"")
 if(NOT LUM_BUILD_UI)
     list(FILTER includes EXCLUDE REGEX "\"platform/ui/")

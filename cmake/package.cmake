@@ -1,4 +1,4 @@
-# The Debian packages that `cpack` makes of an installation below /usr, one for each component.
+# The Debian packages made by `cpack` from an installation below /usr, one for each component.
 set(LUM_MAINTAINER "LumSmilParser maintainers <maintainers@localhost>" CACHE STRING "Maintainer of the packages")
 set(LUM_LICENSE_FILE "" CACHE FILEPATH "Copyright and licence, the copyright file of the packages")
 
@@ -14,13 +14,13 @@ set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 
-# What the libraries link is found in the files themselves; what they link of each other stands below.
+# dpkg-shlibdeps finds dependencies on other packages; those between these packages are listed below.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS ${CMAKE_CURRENT_BINARY_DIR})
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
-set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=") # later versions of the same soname serve as well
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=") # a later version with the same soname also serves
 
-# the changelog and the copyright file, which every package has
+# the changelog and the copyright file of every package
 set(copyright ${LUM_LICENSE_FILE})
 if(NOT copyright)
     set(copyright ${CMAKE_CURRENT_BINARY_DIR}/copyright)
@@ -47,13 +47,13 @@ endmacro()
 
 lum_package(platform liblumsmilparser-platform1 libs "platform libraries of liblumsmilparser
 Settings, addresses, MIME tables and notices shared by messaging programs.")
-set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS shared-mime-info) # the registry of file extensions
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS shared-mime-info) # the MIME database with file extensions
 
 lum_package(runtime liblumsmilparser1 libs "library to read, edit and write MMS messages
 Decodes and encodes the binary message header, the multipart body and the\nSMIL presentation.")
 set(CPACK_COMPONENT_RUNTIME_DEPENDS platform)
 
-# the loader's cache is renewed after the libraries were installed or removed
+# run ldconfig when libraries were installed or removed
 foreach(component PLATFORM RUNTIME)
     set(CPACK_DEBIAN_${component}_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/cmake/triggers)
 endforeach()
@@ -74,7 +74,7 @@ if(LUM_BUILD_TOOLS)
     lum_package(tools lummms utils "show, check and make MMS messages
 Command-line program that takes multimedia messages apart, composes them and\ndraws their slides.")
     set(CPACK_COMPONENT_TOOLS_DEPENDS runtime platform)
-    set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fonts-dejavu-core) # slides are drawn with some font
+    set(CPACK_DEBIAN_TOOLS_PACKAGE_RECOMMENDS fonts-dejavu-core) # lummms render needs a font
 endif()
 
 include(CPack)

@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
         return 1;
     qInfo() << notification.getMsgSize() << "octets wait at" << notification.getMsgURI();
 
-    // setters mark their field as present; the plain members are marked by hand
+    // setters mark their field as present; for public members call markPresent()
     MMS_UA_UAMsg answer;
     answer.messageType = MESSAGE_NOTIFYRESP_IND;
     answer.markPresent(FIELD_MESSAGE_TYPE);
@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
     int count = 0;
     if (MMS_UA_Encoder().encodeHeader(&answer, &octets, &count) != CODEC_WRITTEN)
         return 1;
-    const std::unique_ptr<unsigned char[]> owner(octets); // made with new[]
+    const std::unique_ptr<unsigned char[]> owner(octets); // allocated with new[]
 
     QFile answerFile(QString::fromLocal8Bit(argv[2]));
     return answerFile.open(QIODevice::WriteOnly) &&

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
     if (MMS_COMP_Util::getQByteArraySrcByFileName(picture, name, true) != MMS_COMP_Util::FILE_READ)
         return 2;
 
-    // the slides; what they show is put into the body
+    // the slides; their content is added to the body
     MMS_COMP_SMILMultipart body;
     MMS_COMP_SMILData presentation(&body);
     MMS_COMP_SMILParser::updateToVarnelioRootLayout(&presentation);
@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
     slide->updateData(MMS_COMP_SMILData::getTextRegionId(), presentation.createUniqueSrc("greeting.txt"),
                       MMS_COMP_SMIL_MEDIA_TEXT, "plain", QByteArray("Greetings from the sea"), true, &body);
 
-    // the presentation part, first in the body and named as its start; the body takes it over
+    // the presentation: first in the body and named by its start; the body takes ownership
     auto* smil = new MMS_COMP_SMILMultipartBodypart;
     smil->setContentType("application");
     smil->setContentSubType("smil");
@@ -33,7 +33,7 @@ int main(int argc, char** argv) {
     body.insertBodypart(smil, 0);
     body.setStart("<slides>");
 
-    // the header; setters mark their field as present, plain members are marked by hand
+    // the header: setters mark their field as present, for public members call markPresent()
     MMS_UA_UAMsg header;
     header.messageType = MESSAGE_SEND_REQ;
     header.markPresent(FIELD_MESSAGE_TYPE);
@@ -45,13 +45,13 @@ int main(int argc, char** argv) {
     header.addToRecipient(to);
     header.setSubject("Holidays");
 
-    // the body's octets first: assembling them puts the content type into the header
+    // the body first: assembling it sets the content type in the header
     const QArray<char> octets = MMS_COMP_SMILMultipartParser::assembleBody(&body, &header);
     unsigned char* head = nullptr;
     int headLength = 0;
     if (octets.isNull() || MMS_UA_Encoder().encodeHeader(&header, &head, &headLength) != CODEC_WRITTEN)
         return 1;
-    const std::unique_ptr<unsigned char[]> headOwner(head); // made with new[], and ours
+    const std::unique_ptr<unsigned char[]> headOwner(head); // allocated with new[], and owned by the caller
 
     QFile file(QString::fromLocal8Bit(argv[2]));
     const bool written = file.open(QIODevice::WriteOnly) &&

@@ -1,7 +1,7 @@
 // Shows everything that is in a message, with its place, and what is wrong with it: dump_message FILE
 //
-// This reads the message as its sender meant it: for gateways, archives and test benches. What a phone makes
-// of the same octets (read_message) can be less, and is what to look at when a phone shows something else.
+// This reads the message as its sender meant it: for gateways, archives and test benches. The phone's reading
+// (see read_message) can lose some of it: use that to find out what a phone shows.
 
 #include <lumsmilparser.h>
 
@@ -10,8 +10,8 @@
 
 namespace {
 
-/// A line for each item inside an item: offset, octets, name, value. (qInfo escapes what could steer a
-/// terminal: every text here is the sender's, names of headers too.)
+/// Prints a line for each item inside an item: offset, octets, name, value. (All texts are the sender's, even
+/// names of headers: qInfo escapes control characters.)
 void dump(const MMS_WIRE_Item& item, int depth) {
     for (const MMS_WIRE_Item inside : item) {
         qInfo() << QByteArray(2 * depth, ' ').constData() << inside.offset() << inside.length()
@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
         qInfo() << (mark.severity == MMS_WIRE_Item::PROBLEM ? "problem" : "note") << "at"
                 << mark.item.offset() << qPrintable(mark.what);
 
-    // the same record and container that the phone's reading fills
+    // into the record and container that the phone's reading fills too
     MMS_UA_UAMsg header;
     const QList<MMS_WIRE_Item> others = reader.fill(&header);
     MMS_COMP_SMILMultipart body;

@@ -12,7 +12,7 @@ int main(int argc, char** argv) {
         return 2;
     QByteArray pdu = file.readAll();
 
-    // header, body and presentation of the message that came
+    // header, body and presentation of the received message
     MMS_UA_UAMsg received;
     unsigned int length = static_cast<unsigned int>(pdu.size());
     if (MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char*>(pdu.data()), length, &received) !=
@@ -29,16 +29,16 @@ int main(int argc, char** argv) {
         presentation.getTotalSlidesNum() == 0)
         return 1;
 
-    // the slide's text is replaced, or added below the picture; then the SMIL text is written anew
+    // replace the slide's text, or add one below the picture; then write the SMIL text anew
     MMS_COMP_SMILTimingContainer* slide = presentation.getSlide(0);
     slide->updateData(MMS_COMP_SMILData::getTextRegionId(), presentation.createUniqueSrc("answer.txt"),
                       MMS_COMP_SMIL_MEDIA_TEXT, "plain", QByteArray(argv[2]), true, &body);
-    // (a background would be written as a text that no reader takes, so the screen goes without)
+    // (a text with a background colour cannot be read again, so the root layout gets none)
     if (MMS_COMP_SMILRootLayout* screen = presentation.getRootLayout())
         *screen->getBackgroundColor() = MMS_COMP_COLOR();
     smil->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(&presentation).toUtf8());
 
-    // it goes back to whoever sent it, if that is known, with a header of its own
+    // send it back to the sender, if known, with a new header
     if (received.getFrom().isEmpty())
         return 1;
     MMS_UA_UAMsg header;

@@ -8,7 +8,7 @@ int main(int argc, char** argv) {
     MMS_UA_UAMsg message;
     message.setSubject(QString::fromLocal8Bit(argc == 2 ? argv[1] : ""));
 
-    // the octets of the field: its code and its value
+    // the octets of the field: code and value
     const FieldBase* codec = headerField(FIELD_SUBJECT)->codec;
     QByteArray octets(codec->fieldSize(&message), 0);
     LinearBuffer out(reinterpret_cast<unsigned char*>(octets.data()), int(octets.size()));
@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
         return 1;
     qInfo() << octets.left(out.getPosition()).toHex(' ').constData();
 
-    // a codec reads what stands behind the code
+    // a codec reads the value behind the code
     LinearBuffer in(reinterpret_cast<unsigned char*>(octets.data()), out.getPosition());
     MMS_UA_UAMsg decoded;
     int code = 0;

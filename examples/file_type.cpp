@@ -1,4 +1,4 @@
-// Tells how a file travels in a message: file_type FILE
+// Prints the media type with which a file is sent: file_type FILE
 
 #include <lumsmilparser.h>
 

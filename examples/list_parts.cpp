@@ -21,7 +21,7 @@ int main(int argc, char** argv) {
     MMS_COMP_SMILMultipart body;
     const int status = MMS_COMP_SMILMultipartParser::parse(octets, &header, &body);
 
-    // of a malformed body, the parts before the malformed one are there
+    // of a malformed body, the parts before the error are there
     for (int i = 0; i < body.getPartCount(); ++i) {
         const MMS_COMP_SMILMultipartBodypart* part = body.getBodypartByIndex(i, false);
         qInfo() << part->getContentLocation() << part->getMimeFormat() << part->getBodyData().size();

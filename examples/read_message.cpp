@@ -1,4 +1,4 @@
-// Reads a message, tells what it says, and saves its pictures: read_message FILE DIRECTORY
+// Reads a message, prints its contents, and saves its pictures: read_message FILE DIRECTORY
 
 #include <lumsmilparser.h>
 
@@ -6,19 +6,19 @@
 #include <QFile>
 
 int main(int argc, char** argv) {
-    // the message as it came over the air, whole
+    // the received message
     QFile file(QString::fromLocal8Bit(argc == 3 ? argv[1] : ""));
     if (!file.open(QIODevice::ReadOnly))
         return 2;
     QByteArray pdu = file.readAll();
 
-    // its header, which tells where the body is
+    // its header, which has the position of the body
     MMS_UA_UAMsg header;
     unsigned int length = static_cast<unsigned int>(pdu.size());
     if (MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char*>(pdu.data()), length, &header) !=
         CODEC_READ)
         return 1;
-    // (qInfo escapes what could steer a terminal: every text here is the sender's)
+    // (all texts are the sender's: qInfo escapes control characters)
     qInfo() << "from" << header.getFrom().getAddress() << "subject" << header.getSubject();
 
     // the parts of the body
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
     if (MMS_COMP_SMILMultipartParser::parse(octets, &header, &body) != 0)
         return 1;
 
-    // the slides, whose media objects point at the parts
+    // the slides, whose media objects point to the parts
     MMS_COMP_SMILData presentation(&body);
     MMS_COMP_SMILMultipartBodypart* smil = body.getSmilPart();
     if (smil && MMS_COMP_SMILParser().parse(smil->getBodyData(), &body, &presentation) != 0)
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
             qInfo() << "slide" << i + 1 << QString::fromUtf8(QByteArray(text->getData()->getBodyData()));
     }
 
-    // the pictures, under names of our own
+    // the pictures, under names that do not come from the message
     for (int i = 0; i < body.getPartCount(); ++i) {
         const MMS_COMP_SMILMultipartBodypart* part = body.getBodypartByIndex(i, false);
         if (part->getContentType() != "image")

@@ -1,11 +1,11 @@
-// What differs between the containers of Qt 2 and those of Qt 6.
+// How the containers of Qt 2 differ from those of Qt 6.
 
 #include <lumsmilparser.h>
 
 #include <QDebug>
 
 int main() {
-    // a copy of a QArray shares the octets until one of the two is detached
+    // copies of a QArray share the octets until one is detached
     QArray<char> octets = QByteArray("slide");
     QArray<char> shared = octets;
     shared[0] = 'g';
@@ -13,7 +13,7 @@ int main() {
     own[0] = 's';
     qInfo() << octets.data() << shared.data() << own.data();
 
-    // a QPtrList deletes its items once it is told to; a copy of it never does
+    // with setAutoDelete() a QPtrList deletes its items; its copies never do
     QPtrList<MMS_UTIL_Entry> recipients;
     recipients.setAutoDelete(true);
     recipients.append(new MMS_UTIL_Entry("", MMS_UTIL_Entry::PLMN, "+15550100"));

@@ -27,11 +27,11 @@ int main(int argc, char** argv) {
     if (!smil || MMS_COMP_SMILParser().parse(smil->getBodyData(), &body, &presentation) != 0)
         return 1;
 
-    // slides are counted from 0; there need not be such a slide, nor a text in it
+    // slides are counted from 0; the slide and its text may be missing
     MMS_COMP_SMILTimingContainer* slide = presentation.getSlide(std::atoi(argv[2]) - 1);
     const MMS_COMP_SMILMediaObject* text = slide ? slide->getTextElem() : nullptr;
     if (!text || !text->getData())
         return 1;
-    std::puts(text->getData()->getBodyData().data()); // UTF-8, with a zero behind it
+    std::puts(text->getData()->getBodyData().data()); // UTF-8, followed by a zero
     return 0;
 }

@@ -1,4 +1,4 @@
-// Keeps a slide in a file and reads it again: store_slide FILE TEXT
+// Writes a slide to a file and reads it again: store_slide FILE TEXT
 
 #include <lumsmilparser.h>
 
@@ -10,7 +10,7 @@ int main(int argc, char** argv) {
     if (!file.open(QIODevice::ReadWrite | QIODevice::Truncate))
         return 2;
 
-    // a record holds the slide with all its media objects, and their body parts
+    // a record has the slide with all its media objects and their body parts
     MMS_COMP_SMILMultipart body;
     MMS_COMP_SMILTimingContainer slide(&body);
     slide.setDur(3000);
@@ -21,16 +21,16 @@ int main(int argc, char** argv) {
     if (out.status() != QDataStream::Ok || !file.flush() || !file.seek(0))
         return 2;
 
-    // the stream's status tells whether the record was whole
+    // the stream's status shows whether the record was complete
     MMS_COMP_SMILMultipart storedBody;
     MMS_COMP_SMILTimingContainer stored(nullptr);
     QDataStream in(&file);
     if (!stored.readFromStream(in) || in.status() != QDataStream::Ok)
         return 1;
-    // the body parts of a record belong to the program until a container takes them over
+    // the reader owns the body parts of a record until a container takes them
     for (const MMS_COMP_SMILMediaObject* object : stored)
         storedBody.appendBodypart(object->getData());
     qInfo() << stored.getDur() << "ms" << stored.getTextElem()->getData()->getBodyData().data();
-    stored.clear(); // the parts of a record are the reader's: this deletes them
+    stored.clear(); // deletes the parts of the record, which the reader owns
     return 0;
 }

@@ -1,4 +1,4 @@
-// The body of a PDU: decoded, looked at from all sides, and assembled again.
+// The body of a PDU: decoded, all members called, and assembled again.
 
 #include "codec/codec_result.h"
 #include "codec/ua_msg.h"
@@ -13,7 +13,7 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-/// Longer texts may not all fit into the headers that are sent with a part.
+/// Longer texts may not fit into a part's headers.
 constexpr qsizetype longestSent = 200;
 
 void look(const Part& part, int depth) {
@@ -55,11 +55,11 @@ bool isPlainPart(const Part& part) {
     for (const QString& text : {part.getMimeFormat(), location, part.getContentID()})
         if (!isPlain(text) || text.size() > longestSent)
             return false;
-    // ")..." is what some senders have in place of a quote; ";" begins the parameters of a type
+    // ")..." is read as a quote; ";" begins the parameters of a type
     return part.getSubBodyCount() == 0 && !location.startsWith(')') && !part.getMimeFormat().contains(';');
 }
 
-/// The payload, and for a text without the NUL that its reader takes off.
+/// The payload; of a text without the NUL that the reader removes.
 QByteArray payloadOf(const Part& part) {
     QByteArray payload = part.getBodyData();
     if (part.getContentType().toLower() == QLatin1String("text"))
@@ -75,7 +75,7 @@ void requireSame(MMS_COMP_SMILMultipart& first, MMS_COMP_SMILMultipart& second) 
         const Part& other = *second.getBodypartByIndex(i, false);
         require(one.getMimeFormat().toLower() == other.getMimeFormat().toLower(), "the type comes back");
         require(one.getContentID() == other.getContentID(), "the id comes back");
-        // the parts of a malformed body were given no names; those of what is assembled are
+        // the parts of a malformed body have no names yet; assembled parts do
         require(one.getContentLocation() == other.getContentLocation() || one.getContentLocation().isEmpty(),
                 "the location comes back");
         require(payloadOf(one) == payloadOf(other), "the payload comes back");

@@ -33,12 +33,12 @@ bool areSame(const Entries& a, const Entries& b) {
                       [](const auto* one, const auto* other) { return areSame(*one, *other); });
 }
 
-/// Whether the type's octet, 0xC2, is one that the reader passes over in front of a type.
+/// Whether the type's octet is 0xC2, which the reader skips in front of a type.
 bool isTakenForStray(const MMS_CONTENT_TYPE_T& type) {
     return type.subType == QLatin1String("vnd.syncml.dm+wbxml");
 }
 
-/// Whether all texts of the header come back as they were.
+/// Whether encoding and decoding keeps all texts of the header.
 bool isPlainHeader(const MMS_UA_UAMsg& msg) {
     for (const QString& text : {msg.getSubject(), msg.getMsgID(), msg.getMsgURI(), msg.getTransactionId(),
                                 msg.getResponseText(), msg.getContentType().parameters})
@@ -64,7 +64,7 @@ size_t look(const MMS_UA_UAMsg& msg) {
            touched(msg.getSendTime().toString()) + touched(msg.getDeliveryTime().toString());
 }
 
-/// What a header brought through encoder and decoder must still have.
+/// What encoding and decoding must keep of a header.
 void requireSame(const MMS_UA_UAMsg& first, const MMS_UA_UAMsg& second) {
     require(second.messageType == first.messageType, "type");
     const auto came = [&second](FIELD_CODE code) { return second.fieldsPresent(presenceBit(code)); };
@@ -130,7 +130,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     look(again);
     const unsigned int always = presenceBit(FIELD_MMS_VERSION) | presenceBit(FIELD_FROM);
     require(!(again.present & ~msg.present & ~always), "no field is invented, whatever is in a text");
-    if (written == 0 || !isPlainHeader(msg)) // of a type that is not known nothing is written
+    if (written == 0 || !isPlainHeader(msg)) // messages of an unknown type are not written
         return 0;
     require(outcome == CODEC_READ, "what the encoder writes the decoder reads");
     require(again.bodyLength == 0, "the encoder writes no octet more");

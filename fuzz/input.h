@@ -14,10 +14,10 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-// What the fuzz targets share.
+// Helpers of the fuzz targets.
 
-/// The input in an allocation of its own that ends exactly with its last octet, so that
-/// AddressSanitizer notices the first octet that is read behind it.
+/// The input in an allocation that ends with its last octet, so that AddressSanitizer detects reading behind
+/// it.
 class ExactInput {
 public:
     ExactInput(const uint8_t* data, size_t size) : octets_(new unsigned char[size]), size_(size) {
@@ -27,7 +27,7 @@ public:
 
     unsigned char* data() const { return octets_.get(); }
     unsigned int size() const { return static_cast<unsigned int>(size_); }
-    /// The octets as an array that shows them without a copy.
+    /// The octets as an array, without a copy.
     QArray<char> array() const {
         QArray<char> shown;
         shown.setRawData(reinterpret_cast<const char*>(octets_.get()), static_cast<qsizetype>(size_));
@@ -39,13 +39,13 @@ private:
     size_t size_;
 };
 
-/// Numbers that the input chooses, one octet each; 0 when there are no more.
+/// Numbers chosen by the input, one octet each; 0 at its end.
 class Choices {
 public:
     Choices(const uint8_t* data, size_t size) : at_(data), end_(data + size) {}
 
     bool hasMore() const { return at_ != end_; }
-    /// From 0 to below `limit`.
+    /// A number from 0 to `limit` - 1.
     int next(int limit) { return hasMore() ? *at_++ % limit : 0; }
 
 private:
@@ -53,7 +53,7 @@ private:
     const uint8_t* end_;
 };
 
-/// Ends the process, so that the fuzzer keeps the input, unless the property holds.
+/// Aborts if the property does not hold, so that the fuzzer reports the input.
 inline void require(bool holds, const char* property) {
     if (holds)
         return;
@@ -61,7 +61,7 @@ inline void require(bool holds, const char* property) {
     std::abort();
 }
 
-/// A file in memory that holds one input after the other.
+/// A file in memory, rewritten for each input.
 class InputFile {
 public:
     InputFile() : fd_(::memfd_create("input", MFD_CLOEXEC)) {}
@@ -76,15 +76,15 @@ private:
     int fd_;
 };
 
-/// Whether a text comes back as it was through every codec: printable ASCII, and not begun by a quote
-/// of the wire or by what the readers take for one.
+/// Whether every codec returns the text unchanged: printable ASCII that does not begin with a quote of the
+/// encoding or what the readers take for one.
 inline bool isPlain(const QString& text) {
     return std::all_of(text.begin(), text.end(),
                        [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7F; }) &&
            !text.startsWith(u'"');
 }
 
-/// Looks at every character, so that a text over memory that is not there is noticed.
+/// Reads every character, so that AddressSanitizer detects a text in freed memory.
 inline size_t touched(const QString& text) {
     size_t sum = 0;
     for (const QChar c : text)

@@ -1,4 +1,4 @@
-// The whole way of a received message, as lummms shows it.
+// Reads and prints a message like lummms show.
 
 #include "fuzz/input.h"
 #include "tools/lummms/check/findings.h"
@@ -28,7 +28,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         message.readPresentationWithGaps();
         requirePrintable(slidesForPerson(message));
         touched(message.causeOfMalformation());
-        Message other(reading); // the parts as they were before
+        Message other(reading); // with the parts as they were before readPresentation()
         other.read(input.array());
         touched(QString::fromUtf8(messageForProgram(other)));
     }

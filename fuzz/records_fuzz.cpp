@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Reads one record into `made`; how many octets it took, or -1 when it could not be read.
+/// Reads a record into `made`; returns its octets, or -1 on failure.
 template <typename Model>
 qint64 readInto(Model& made, const QByteArray& octets, bool littleEndian) {
     QDataStream stream(octets);
@@ -29,7 +29,7 @@ QByteArray written(const Model& model, bool littleEndian) {
     return octets;
 }
 
-// What was read is the reader's: parts that nobody has taken over are deleted.
+// Deletes what was read: the reader owns parts that nothing has taken over.
 void release(MMS_COMP_SMILMultipartBodypart&) {
 }
 void release(MMS_COMP_SMILMediaObject& object) {
@@ -39,7 +39,7 @@ void release(MMS_COMP_SMILTimingContainer& slide) {
     slide.clear();
 }
 
-/// Reads a record twice over, the second time from what the first reading was written as.
+/// Reads a record, writes it, and reads that again.
 template <typename Model, typename Make>
 void passThrough(const QByteArray& input, bool littleEndian, Make make) {
     const std::unique_ptr<Model> first = make();
@@ -56,7 +56,7 @@ void passThrough(const QByteArray& input, bool littleEndian, Make make) {
     release(*second);
 }
 
-/// An object that reads several records in a row, its part now and then in somebody else's hands.
+/// An object that reads several records in a row, while other objects or a container may own its part.
 void rereadObject(const QByteArray& input, Choices choices) {
     MMS_COMP_SMILMultipart container;
     MMS_COMP_SMILMediaObject object(nullptr);

@@ -1,4 +1,4 @@
-// Gives stored inputs to one fuzz target, without a fuzzer: replay_TARGET FOLDER...
+// Runs a fuzz target on stored inputs: replay_TARGET FOLDER...
 
 #include <QDirIterator>
 #include <QFile>
@@ -16,7 +16,7 @@ int main(int argc, char** argv) {
             QFile file(files.next());
             if (!file.open(QIODevice::ReadOnly))
                 return 2;
-            std::fprintf(stderr, "%s\n", qPrintable(file.fileName())); // the last one is the one that failed
+            std::fprintf(stderr, "%s\n", qPrintable(file.fileName())); // shows which input failed
             const QByteArray octets = file.readAll();
             LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t*>(octets.constData()),
                                    static_cast<size_t>(octets.size()));

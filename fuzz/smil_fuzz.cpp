@@ -1,6 +1,6 @@
-// A presentation: read, laid out, edited as the input chooses, written, and read again.
+// A presentation: read, normalised, edited as the input chooses, written, and read again.
 //
-// The input is one octet n, n octets that choose the edits, and the text.
+// The input is an octet n, n octets that choose the edits, and the text.
 
 #include "fuzz/input.h"
 #include "multipart/multipart.h"
@@ -45,10 +45,10 @@ void look(const MMS_COMP_SMILData& data) {
         touched(data.getRegion(unsigned(i))->getId());
 }
 
-/// Parts that are made without a container, which are the maker's.
+/// Parts made without a container, which their maker owns.
 using Homeless = std::vector<BodypartLink>;
 
-/// One edit. Objects and parts change hands and are deleted in every order that the interface allows.
+/// One edit. Objects and parts change owners and are deleted in every order that the interface allows.
 void edit(MMS_COMP_SMILData& data, MMS_COMP_SMILMultipart& body, MMS_COMP_SMILMultipart& other,
           Homeless& homeless, Choices& choices) {
     const int operation = choices.next(20);
@@ -149,8 +149,8 @@ bool isWritable(const QString& text) {
            });
 }
 
-/// Whether what is written of it can be read again: values are written as they are, and a background
-/// makes the text one that cannot be read.
+/// Whether the written text can be read again: values are not escaped, and a background colour makes the text
+/// unreadable.
 bool isWritable(const MMS_COMP_SMILData& data) {
     const MMS_COMP_SMILRootLayout* root = data.getRootLayout();
     const int kind = root ? root->getBackgroundColor()->kind : 0;
@@ -196,7 +196,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     const ExactInput input(data + begin, size - begin);
     QArray<char> smil = input.array();
 
-    if (edits % 2) { // a file may begin with declarations, and be in any encoding
+    if (edits % 2) { // a file may have declarations and any encoding
         static InputFile file;
         file.fill(data + begin, size - begin);
         MMS_COMP_SMILData shown(nullptr);
@@ -226,7 +226,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     while (choices.hasMore())
         edit(presentation, *body, other, homeless, choices);
     MMS_COMP_SMILParser::convertToSMILLang(&presentation);
-    body.reset(); // the document outlives what it shows
+    body.reset(); // the document outlives its container
     for (int i = 0; i < presentation.getTotalSlidesNum(); ++i)
         for (const Object* object : *presentation.getSlide(i))
             if (const Part* part = object->getData())

@@ -1,5 +1,4 @@
-// A message as it was sent: every octet in its place, and the record, the container and the parts filled from
-// it.
+// A message as it was sent: items cover every octet, and record, container and parts agree with them.
 
 #include "codec/codec_result.h"
 #include "codec/ua_encoder.h"
@@ -13,10 +12,11 @@ namespace {
 
 using Item = MMS_WIRE_Item;
 
-/// The message, sixteen bodies within its body with a part and data each, and a header with a parameter.
+/// The deepest tree: the message, sixteen nested bodies with a part and its data each, and a header with a
+/// parameter.
 constexpr int deepest = 2 + 17 * 2 + 4;
 
-/// Looks at an item and everything in it; how many items there are.
+/// Visits an item and all items inside; returns their number.
 qsizetype look(const Item& item, int depth) {
     require(depth <= deepest, "items lie in each other to a certain depth");
     touched(item.name());
@@ -25,7 +25,7 @@ qsizetype look(const Item& item, int depth) {
     require(Item::kindWord(item.kind())[0] != 0, "each kind has a word");
     if (item.kind() == Item::OCTETS || item.kind() == Item::DATA)
         require(!item.hasNumber() && item.text().isEmpty(), "what is not understood has no value");
-    if (depth > 2) // the texts of several values repeat theirs
+    if (depth > 2) // texts of several values repeat those of the items inside
         touched(item.text());
     qsizetype at = item.offset(), count = 1;
     for (const Item inside : item) {
@@ -37,7 +37,7 @@ qsizetype look(const Item& item, int depth) {
     return count;
 }
 
-/// Compares a part with the body part it became; how many octets of payload there are in it.
+/// Compares a part with the body part made from it; returns its payload's octets.
 void compare(const MMS_WIRE_Part& part, const MMS_COMP_SMILMultipartBodypart* filled, int depth) {
     require(filled != nullptr, "each part becomes a body part");
     require(depth <= 16, "nested at most sixteen times");

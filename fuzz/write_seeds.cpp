@@ -1,7 +1,6 @@
-// Writes the inputs that each fuzz target begins with: write_seeds DIRECTORY
+// Writes the first inputs of each fuzz target: write_seeds DIRECTORY
 //
-// They are made by the library itself and by hand; what is put into DIRECTORY/TARGET has the form
-// that the target reads.
+// They are made by the library and by hand. Files in DIRECTORY/TARGET have the form that the target reads.
 
 #include "tests/octets.h"
 
@@ -112,7 +111,7 @@ void seedMessages() {
     }
 }
 
-/// A seed that is not read as it is meant would teach the fuzzer nothing.
+/// A seed must be read as intended, or it is of no use to the fuzzer.
 void requireRead(int result, const char* name) {
     if (result != CODEC_READ)
         qFatal("the seed %s is malformed", name);
@@ -180,8 +179,7 @@ void seedByHand() {
     }
 }
 
-/// What the message as it was sent has beyond the phone's reading: every field, parameter and header,
-/// charsets and transfer encodings.
+/// What only the reading as sent has: every field, parameter and header, charsets and transfer encodings.
 void seedWire() {
     const QByteArray times = octets("06 80 04 53 70 78 AC"), text = raw("ab\0"), wide = octets("02 03 F7");
     for (int code = 1; const MMS_WIRE_Field* field = wireField(code); ++code) {
@@ -233,7 +231,7 @@ void seedRecords() {
     const QByteArray object = record(*data.getMediaObject(0, 1));
     seed("records", "object", QByteArray(1, 1) + object);
     seed("records", "slide", QByteArray(1, 2) + record(*data.getSlide(0)));
-    // whose hands the part passes through is chosen by the octets of the first object's kind
+    // the octets of the first object's kind choose who owns the part
     for (int i = 0; i < 8; ++i) {
         const char hands[] = {char(i), char((3 * i + 1) % 8), char((5 * i + 2) % 8), char((i + 4) % 8)};
         seed("records", "hands" + QByteArray::number(i),

@@ -1,6 +1,6 @@
 #pragma once
 
-// Messages whose pictures, texts or slides are few octets and would be much work.
+// Messages of a few octets whose pictures, texts or slides would take much work.
 
 #include "tests/octets.h"
 
@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <functional>
 
-/// Messages of one kind, of about as many octets as are wanted.
+/// A kind of message, of about as many octets as wanted.
 struct RenderAttack {
     const char* name;
     std::function<QByteArray(int)> make;
@@ -19,7 +19,7 @@ struct RenderAttack {
 
 namespace attack {
 
-/// A 32-bit number, the highest octet first.
+/// A 32-bit number in big-endian order.
 inline QByteArray number(quint32 value) {
     const quint32 octets = qToBigEndian(value);
     return QByteArray(reinterpret_cast<const char*>(&octets), 4);
@@ -35,12 +35,12 @@ inline QByteArray chunk(const QByteArray& typeAndData) {
     return number(quint32(typeAndData.size() - 4)) + typeAndData + number(~sum);
 }
 
-/// So many zeros, compressed.
+/// That many zeros, compressed.
 inline QByteArray zeros(qsizetype count) {
     return qCompress(QByteArray(count, 0), 9).sliced(4);
 }
 
-/// A black PNG, of `form` "bit depth, colour type, 0, 0, interlace", with further chunks before its pixels.
+/// A black PNG of `form` ("bit depth, colour type, 0, 0, interlace") with further chunks before its pixels.
 inline QByteArray png(int side, const QByteArray& form, int bitsPerPixel, const QByteArray& chunks = {}) {
     const qint64 rows = (qint64(side) * bitsPerPixel + 7) / 8 + 1;
     return raw("\x89PNG\r\n\x1a\n") + chunk("IHDR" + number(quint32(side)) + number(quint32(side)) + form) +
@@ -49,19 +49,19 @@ inline QByteArray png(int side, const QByteArray& form, int bitsPerPixel, const 
 
 inline const QByteArray TRUE_COLOR = octets("08 02 00 00 00");
 
-/// A PNG of one pixel with chunks that hold eight megabytes each.
+/// A PNG of one pixel with chunks of eight megabytes each when unpacked.
 inline QByteArray pngOfChunks(const QByteArray& begin, int size) {
     static const QByteArray many = zeros(8 << 20);
     const QByteArray one = chunk(begin + many);
     return png(1, TRUE_COLOR, 24, one.repeated(std::max<int>(1, size / int(one.size()))));
 }
 
-/// A JPEG with so many scans and no coded pixels; all are one colour.
+/// A JPEG of one colour with that many scans and no encoded pixels.
 inline QByteArray jpeg(quint16 side, int scans) {
     const QByteArray high = number(side).right(2);
     QByteArray jpeg = octets("FF D8 FF DB 00 43 00", QByteArray(64, 1)) +
                       octets("FF C2 00 11 08", high + high + octets("03 01 11 00 02 11 00 03 11 00"));
-    for (const char* table : {"00", "10"}) // of one code each: no difference, a run of blocks without end
+    for (const char* table : {"00", "10"}) // of one code each: no difference, an endless run of blocks
         jpeg += octets("FF C4 00 14") + octets(table) + '\1' + QByteArray(15, 0) +
                 (*table == '0' ? raw("\0") : raw("\xE0"));
     jpeg += octets("FF DA 00 0C 03 01 00 02 00 03 00 00 00 00", QByteArray(20, 0));
@@ -77,7 +77,7 @@ inline QByteArray gif(quint8 sideBy256) {
            octets("02 02 44 01 00 3B");
 }
 
-/// A message of slides, each with those media elements.
+/// A message of slides with those media elements each.
 inline QByteArray message(const QByteArrayList& slides, const QByteArrayList& parts) {
     return octets("8C 84 8D 90") +
            related("<smil><head><layout><root-layout width='120' height='320'/>"
@@ -91,10 +91,9 @@ inline QByteArray message(const QByteArrayList& slides, const QByteArrayList& pa
 inline QByteArray named(int i) {
     return "p" + QByteArray::number(i);
 }
+constexpr int MOST_PARTS = 126; // plus the presentation: the most that both readings read alike
 
-constexpr int MOST_PARTS = 126; // with the presentation, a number that both readings of a message know
-
-/// As many parts of that type and those octets as fit, each on a slide of its own.
+/// That many parts with that type and those octets, each on a slide of its own.
 inline QByteArray messageOfParts(const QByteArray& type, const QByteArray& data, int size) {
     QByteArrayList slides, parts;
     for (int i = 0; i < std::clamp<int>(size / int(data.size() + 70), 1, MOST_PARTS); ++i) {
@@ -104,7 +103,7 @@ inline QByteArray messageOfParts(const QByteArray& type, const QByteArray& data,
     return message(slides, parts);
 }
 
-/// One part that so many elements show, so many on a slide.
+/// One part shown by that many elements, so many on a slide.
 inline QByteArray messageOfOnePart(const QByteArray& type, const QByteArray& data, const QByteArray& element,
                                    int elements, int perSlide) {
     return message(QByteArrayList(std::max(1, elements / perSlide), element.repeated(perSlide)),
@@ -113,7 +112,7 @@ inline QByteArray messageOfOnePart(const QByteArray& type, const QByteArray& dat
 
 } // namespace attack
 
-/// All kinds of message that are known to have taken a renderer too much time, memory or room.
+/// All kinds of message that are known to cost a renderer too much time, memory or space.
 inline QList<RenderAttack> renderAttacks() {
     using namespace attack;
     const QByteArray isPng = octets("A0"), isJpeg = octets("9E"), isGif = octets("9D");

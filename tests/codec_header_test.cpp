@@ -6,7 +6,7 @@ namespace {
 
 using Msg = MMS_UA_UAMsg;
 
-/// Decodes octets that end exactly at the end of their allocation, and keeps them for the body.
+/// Decodes octets that end at the end of their allocation, and keeps them for the body.
 struct Decoded {
     explicit Decoded(const QByteArray& bytes) : octets(bytes.begin(), bytes.end()) {
         auto length = static_cast<unsigned int>(octets.size());
@@ -27,7 +27,7 @@ QByteArray encoded(Msg& msg) {
     return QByteArray(reinterpret_cast<const char*>(out), length);
 }
 
-/// A retrieved message with every field there is.
+/// A retrieved message with every field.
 const char everyField[] =
     "8C 84 98 54 31 00 8D 91 8B 49 00 85 04 50 00 00 00 89 07 80 2B 31 2F 78 40 00"
     "97 31 2F 54 59 50 45 3D 50 4C 4D 4E 00 97 61 40 62 00 82 32 00 81 33 00 96 05 EA 61 62 63 00"
@@ -45,7 +45,7 @@ TEST(HeaderRecord, SettersGivenNothingMarkNothing) {
     msg.setTo({});
     msg.setCc({});
     msg.setBcc({});
-    for (const QTime time : {QTime(), QTime(0, 0)}) { // of zeros
+    for (const QTime time : {QTime(), QTime(0, 0)}) { // empty times
         msg.setSendTime(QDateTime(QDate(), time));
         msg.setDeliveryTime(QDateTime(QDate(), time));
     }
@@ -57,7 +57,7 @@ TEST(HeaderRecord, SettersGivenNothingMarkNothing) {
     msg.setAudioInc(false);
     EXPECT_EQ(msg.getFlags(), 0xF6u);
     msg.setTo(one);
-    entry.setAddress("changed"); // the caller's entry is not the message's
+    entry.setAddress("changed"); // the message has copies of the entries
     msg.setTo(msg.getTo());
     EXPECT_EQ(msg.getTo().count(), 1);
     EXPECT_EQ(msg.getTo().first()->getAddress(), "1");
@@ -132,7 +132,7 @@ TEST(Decoder, EveryField) {
     EXPECT_EQ(numbers, (std::vector<qint64>{132, 0x11, 129, 130, 0xE0, 129, 1, 3600, 0x61C7, 0x50000000}));
     EXPECT_TRUE(m.getSenderVisibility() && m.getDeliveryReportNecessity() && m.getDistributionInd());
     EXPECT_FALSE(m.getReadReplyNecessity());
-    EXPECT_EQ(m.getFieldPosition(FIELD_CC), 8); // two in a row share a place
+    EXPECT_EQ(m.getFieldPosition(FIELD_CC), 8); // consecutive repetitions share a position
     EXPECT_EQ(m.bodyLength, 3u);
     EXPECT_EQ(m.bodyStart, d.octets.data() + d.octets.size() - 3);
 }
@@ -158,8 +158,8 @@ TEST(Decoder, OverriddenSettersSeeTheFields) {
 }
 
 TEST(Decoder, HeadersGivenByName) {
-    // The code is first read as an integer: of a name, 'X' (88) takes 88 octets with it. A short count
-    // in front lets the name through from its second octet on.
+    // The code is read as an integer first: in a name, 'X' (88) takes 88 octets. A small count in front lets
+    // the name be read from its second octet.
     const auto named = [](const char* rest) { return octets("01 58", zeroed(rest)); };
     const QByteArray indicator = named("-Mms-Distribution-Indicator"), subject = octets("96 61 00");
     const std::tuple<const char*, QByteArray, int, bool, QString> rows[] = {
@@ -191,14 +191,14 @@ TEST(Decoder, AbsentAndOddValues) {
         EXPECT_TRUE(d.msg.getFrom().getType() == 2 && d.msg.getFrom().isEmpty());
         EXPECT_TRUE(d.msg.fieldsPresent(0x100));
     }
-    EXPECT_EQ(Decoded(octets("89 1F 8F FF FF FF 7F 81")).result, CODEC_MALFORMED); // a count below zero
+    EXPECT_EQ(Decoded(octets("89 1F 8F FF FF FF 7F 81")).result, CODEC_MALFORMED); // a negative count
     for (const char* absent : {"8E 00", "8E 80", "98 00", "93 00", "96 00", "8B 00", "83 00"}) {
         const Decoded d(octets(absent));
         EXPECT_EQ(d.result, CODEC_READ) << absent;
         EXPECT_EQ(d.msg.present, 0u) << absent;
     }
     const auto past = static_cast<unsigned int>(time(nullptr) - 0x50000000);
-    EXPECT_LE(Decoded(octets("88 06 80 04 50 00 00 00")).msg.getExpireTime() + past, 60u); // wraps
+    EXPECT_LE(Decoded(octets("88 06 80 04 50 00 00 00")).msg.getExpireTime() + past, 60u); // wraps around
     Decoded start(octets("8C 80"));
     EXPECT_EQ(start.msg.bodyLength, 0u);
     EXPECT_EQ(start.msg.bodyStart, start.octets.data() + 2);
@@ -218,11 +218,11 @@ TEST(Decoder, InputThatEndsInsideAValueKeepsWhatWasRead) {
         EXPECT_EQ(d.msg.bodyStart, nullptr) << value.data();
         EXPECT_EQ(d.msg.getSubject(), "a") << value.data();
     }
-    EXPECT_EQ(Decoded(octets("98 61 62")).msg.transactionId, "ab"); // a text keeps what there was
+    EXPECT_EQ(Decoded(octets("98 61 62")).msg.transactionId, "ab"); // without its zero
     EXPECT_EQ(Decoded(octets("97 61 62")).msg.getTo().count(), 1);
     EXPECT_EQ(Decoded(octets("97")).msg.getTo().count(), 0);
     Decoded whole(octets("96 61 00"));
-    unsigned int length = 2; // a message that is read into again has no body of the time before
+    unsigned int length = 2; // decoding into a used message drops its former body
     EXPECT_EQ(MMS_UA_Decoder().decodeHeader(whole.octets.data(), length, &whole.msg), CODEC_MALFORMED);
     EXPECT_EQ(whole.msg.bodyStart, nullptr);
 }
@@ -259,7 +259,7 @@ TEST(Encoder, ValuesOfFields) {
         Msg msg;
         msg.messageType = type;
         set(msg);
-        EXPECT_EQ(encoded(msg), bytes) << name; // only the last field's result is told
+        EXPECT_EQ(encoded(msg), bytes) << name; // the result is that of the last field
     }
     Msg msg;
     msg.present = 0x1000000;

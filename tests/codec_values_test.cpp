@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The octets that a value is written as, of which there are as many as its size says.
+/// The encoded value; checks that it has as many octets as its size says.
 template <class Binary, class Value>
 QByteArray written(const Value& value, int result = CODEC_WRITTEN, int uncounted = 0) {
     std::vector<unsigned char> room(64 * 1024, 0x55);
@@ -14,7 +14,7 @@ QByteArray written(const Value& value, int result = CODEC_WRITTEN, int uncounted
     return QByteArray(reinterpret_cast<char*>(room.data()), buffer.getPosition());
 }
 
-/// A reader over octets that end exactly at the end of their allocation.
+/// A reader over octets that end at the end of their allocation.
 struct Input {
     explicit Input(const QByteArray& bytes)
         : octets(bytes.begin(), bytes.end()), buffer(octets.data(), static_cast<int>(octets.size())) {}
@@ -33,16 +33,16 @@ TEST(LinearBuffer, CursorBounds) {
     EXPECT_FALSE(buffer.appendData(out, 3) || buffer.readData(out, 3) || buffer.readData(out, -1));
     EXPECT_TRUE(buffer.readData(out, 2));
     EXPECT_FALSE(buffer.hasMore());
-    EXPECT_TRUE(buffer.readByte(&octet)); // the lenient read behind the end
+    EXPECT_TRUE(buffer.readByte(&octet)); // reads behind the end, deliberately
     EXPECT_EQ(octet, 3);
     EXPECT_FALSE(buffer.readByte(&octet) || buffer.appendByte(1));
     EXPECT_EQ(buffer.getPosition(), 3);
-    EXPECT_FALSE(buffer.readData(out, 0)); // not even nothing is there
+    EXPECT_FALSE(buffer.readData(out, 0)); // not even no octets
     EXPECT_EQ(buffer.restLength(), 0);
     buffer.rewind(INT_MAX);
     EXPECT_EQ(buffer.getPosition(), 0);
     buffer.forward(INT_MAX);
-    EXPECT_EQ(buffer.getPosition(), 1); // the last octet, not the end
+    EXPECT_EQ(buffer.getPosition(), 1); // on the last octet, not behind it
     buffer.forward(INT_MIN);
     EXPECT_TRUE(buffer.appendByte(0xAA));
     buffer.zerolize();
@@ -86,7 +86,7 @@ TEST(Integers, LenientForms) {
     using Row = std::tuple<decltype(&IntegerBinary::readFrom), const char*, int, int>;
     for (const auto& [read, bytes, value, length] :
          {Row(IntegerBinary::readFrom, "00 77", 0, 1),
-          Row(IntegerBinary::readFrom, "06 01 02 03 04 05 06", 0x03040506, 7), // the last four octets fit
+          Row(IntegerBinary::readFrom, "06 01 02 03 04 05 06", 0x03040506, 7), // the last four octets count
           Row(ValueLengthBinary::readFrom, "40", 64, 1)}) {
         Input input(octets(bytes));
         int result = -1;
@@ -104,9 +104,9 @@ TEST(Texts, Written) {
         {"\xC3\xA9t", octets("06 EA"), octets("7F C3 A9 74 00")},
         {"t\xC3\xA9", octets("05 EA"), octets("74 C3 A9 00")},
         {a28, octets("1E EA"), a28 + '\0'},
-        {a28 + 'b', octets("1F 1F EA"), a28 + octets("62 00")}, // one more takes a Length-quote
+        {a28 + 'b', octets("1F 1F EA"), a28 + octets("62 00")}, // one octet more needs a Length-quote
     };
-    const QString twoFields = QString("+1") + QChar(0) + QChar(1); // what is behind the zero would be a Bcc
+    const QString twoFields = QString("+1") + QChar(0) + QChar(1); // behind the zero would be a Bcc
     EXPECT_EQ(written<PlainTextBinary>(twoFields), zeroed("+1"));
     for (const auto& [utf8, start, plain] : rows) {
         EXPECT_EQ(written<PlainTextBinary>(QString::fromUtf8(utf8)), plain);
@@ -155,19 +155,19 @@ TEST(Times, ReadAndWritten) {
         Input input(octets(bad));
         EXPECT_EQ(TimeBinary::readFrom(&input.buffer, &time), CODEC_MALFORMED) << bad;
         EXPECT_TRUE(time.isNull());
-        EXPECT_FALSE(input.buffer.hasMore()) << bad; // what was read stays read
+        EXPECT_FALSE(input.buffer.hasMore()) << bad; // what was read stays consumed
     }
     for (const qint64 seconds : {-630000000LL, 5LL, 930823200LL, 0x80000000LL, 0xFFFFFFFFLL}) {
         const QDateTime moment = QDateTime::fromSecsSinceEpoch(seconds);
         const QByteArray bytes = written<TimeBinary>(moment);
-        if (seconds < 0) // before 1970: written in some way, but never more than the size says
+        if (seconds < 0) // before 1970: any octets, but not more than the size says
             continue;
         EXPECT_EQ(TimeBinary::readFrom(Input(bytes).at(), &time), CODEC_READ);
         EXPECT_EQ(time, moment);
     }
     const QDateTime noon(QDate(2026, 1, 1), QTime(12, 0));
     for (const auto& [zone, seconds] : {std::pair{"AAA0", "69 56 61 C0"}, {"AAA-5", "69 56 1B 70"}}) {
-        qputenv("TZ", zone); // each time is read and written in the zone of the moment
+        qputenv("TZ", zone); // the time zone is looked up for each time
         const QByteArray bytes = octets("06 80 04", octets(seconds));
         EXPECT_EQ(written<TimeBinary>(QDateTime(noon.date(), noon.time())), bytes);
         EXPECT_EQ(TimeBinary::readFrom(Input(bytes).at(), &time), CODEC_READ);
@@ -177,7 +177,7 @@ TEST(Times, ReadAndWritten) {
 }
 
 TEST(Addresses, ReadAndWritten) {
-    // read, its name, type and address, and what is written for it
+    // input; its name, type and address; and what is written for it
     const std::tuple<const char*, const char*, int, const char*, const char*> rows[] = {
         {"+123/TYPE=PLMN", "", 1, "+123", "+123/TYPE=PLMN"},
         {"1234", "", 1, "1234", "1234/TYPE=PLMN"},
@@ -200,7 +200,7 @@ TEST(Addresses, ReadAndWritten) {
         return written<AddressBinary>(MMS_UTIL_Entry("", type, address), result);
     };
     EXPECT_EQ(sent(0, QStringLiteral("\u00e9@b")), octets("07 EA 7F C3 A9 40 62 00"));
-    EXPECT_EQ(sent(0, "\x01@"), octets("04 EA 01 40 00")); // 1 would be a length
+    EXPECT_EQ(sent(0, "\x01@"), octets("04 EA 01 40 00")); // a first octet 1 would be read as a length
     EXPECT_EQ(sent(1, QString("+1") + QChar(0) + "x"), zeroed("+1/TYPE=PLMN"));
     EXPECT_EQ(sent(2, "x", CODEC_REFUSED), "");
 }
@@ -208,8 +208,8 @@ TEST(Addresses, ReadAndWritten) {
 TEST(ContentType, Parameters) {
     EXPECT_EQ(ContentTypeField::replyAppIDOf("Application-ID=x;Reply-To-Application-ID=y"), "y");
     EXPECT_TRUE(ContentTypeField::startOf("Start=x").isNull());
-    EXPECT_EQ(ContentTypeField::mprtOf("subtype=q"), "q"); // also at the end of a longer name
-    // the application id of the reply is found by the shorter key as well, when it stands first
+    EXPECT_EQ(ContentTypeField::mprtOf("subtype=q"), "q"); // matches the end of a longer name too
+    // the key of the application id also finds that of the reply when it comes first
     EXPECT_EQ(ContentTypeField::appIDOf("Reply-To-Application-ID=y;Application-ID=x"), "y");
 }
 
@@ -235,7 +235,7 @@ TEST(ContentType, Written) {
 TEST(ContentType, Read) {
     const char *related = "application/vnd.wap.multipart.related", *app = "Application-ID=app1",
                *both = "type=application/smil;start=<s>", *kept = "kept";
-    // the last: octets left behind the value, or negative when it is malformed
+    // the last: octets left behind the value; negative for a malformed value
     const std::tuple<const char*, QByteArray, const char*, const char*, int> rows[] = {
         {"short form", octets("9E 01"), "image/jpeg", kept, 1},
         {"type and start", octets("18 B3 8A 3C 73 3E 00 89", smil), related, both, 0},
@@ -260,7 +260,7 @@ TEST(ContentType, Read) {
         SCOPED_TRACE(name);
         Input input(bytes);
         MMS_CONTENT_TYPE_T type;
-        type.parameters = params == kept ? kept : ""; // stays unless the value replaces it
+        type.parameters = params == kept ? kept : ""; // unchanged unless the value replaces it
         const int result = ContentTypeField::readFrom(&input.buffer, &type);
         EXPECT_EQ(result, left < 0 ? CODEC_MALFORMED : CODEC_READ);
         EXPECT_EQ(type.type.isEmpty() ? "" : type.type + '/' + type.subType, media);

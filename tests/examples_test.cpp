@@ -1,4 +1,4 @@
-// The programs in examples/, one handing its message to the next.
+// The programs in examples/, each reading the output of the one before.
 
 #include "tests/testing.h"
 
@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Runs an example in `folder`; what it said, or null when it did not end with that status.
+/// Runs an example in `folder`; returns its output, or null for another exit status.
 QString run(const QTemporaryDir& folder, const char* example, const QStringList& arguments, int status = 0) {
     QProcess process;
     process.setWorkingDirectory(folder.path());
@@ -44,7 +44,7 @@ TEST(Examples, composeReadAndEdit) {
               "\"greeting.txt\" \"text/plain\" 22\npresentation \"file0\"\n");
 
     EXPECT_EQ(run(folder, "edit_message", {"first.mms", "Back again", "second.mms"}), "");
-    EXPECT_EQ(run(folder, "read_message", {"second.mms", "seen"}, 2), // never over a file that is there
+    EXPECT_EQ(run(folder, "read_message", {"second.mms", "seen"}, 2), // never replaces an existing file
               "from \"\" subject \"Re: Holidays\"\n"
               "slide 1 \"Back again\"\n");
     EXPECT_EQ(run(folder, "read_message", {"sea.jpg", "seen"}, 1), "") << "no message";

@@ -1,5 +1,5 @@
-// Parts and objects that change hands or go away while others point at them. What goes wrong here the
-// sanitizers see.
+// Parts and objects that change owners or are deleted while others refer to them. The sanitizers detect the
+// errors.
 
 #include "tests/testing.h"
 
@@ -25,7 +25,7 @@ struct Received {
     MMS_COMP_SMILData data{container.get()};
 };
 
-/// Everything that a program does with a document that it shows.
+/// Calls what a program calls to show a document.
 void use(const MMS_COMP_SMILData& data) {
     MMS_COMP_SMILParser::convertToSMILLang(const_cast<MMS_COMP_SMILData*>(&data));
     data.isEmpty();
@@ -43,7 +43,7 @@ TEST(Lifetime, PartsDeletedUnderSlides) {
     EXPECT_EQ(r.object(0, 0)->getData(), nullptr);
     EXPECT_EQ(r.object(1, 0)->getData(), nullptr);
     use(r.data);
-    r.data.getSlide(0)->clear(); // releases the text, which is still there
+    r.data.getSlide(0)->clear(); // releases the text, which another object still uses
     EXPECT_EQ(r.container->getPartCount(), 0);
     use(r.data);
 }
@@ -83,7 +83,7 @@ TEST(Lifetime, ObjectReadsARecordWhileItsPartSitsInAContainer) {
             if (adopted)
                 second.appendBodypart(object.getData());
         }
-        EXPECT_EQ(second.getPartCount(), adopted); // each reading deleted the part before
+        EXPECT_EQ(second.getPartCount(), adopted); // each reading deletes the former part
     }
     EXPECT_TRUE(read(*r.object(1, 0), record));
     const std::unique_ptr<Part> restored(r.object(1, 0)->getData());

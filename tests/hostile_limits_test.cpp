@@ -1,5 +1,4 @@
-// The limits of bodies, records and names, just at each and just beyond it. (Those of presentation
-// texts: smil_reader_test.)
+// Bodies, records and names at each limit and just beyond it. (Limits of presentations: smil_reader_test.)
 
 #include "tests/testing.h"
 
@@ -46,7 +45,7 @@ TEST(Limits, ContentLocation) {
 }
 
 TEST(Limits, HeadersThatAreSent) {
-    // 1024 octets: the type, the name with its code and its zero, and the same once more
+    // 1024 octets: the type, the name with code and zero, and the same in a header
     constexpr int fits = (1024 - 1) / 2 - 2;
     for (const int length : {fits, fits + 1}) {
         MMS_COMP_SMILMultipart container;
@@ -88,7 +87,7 @@ TEST(Limits, IndicesAreChecked) {
     }
 }
 
-// Looking content up compares every name with every reference: it stops at the first difference.
+// A look-up compares names only up to their first difference.
 TEST(Limits, LettersAreComparedAsInLowerCase) {
     const char32_t letters[] = {U'i',   U'I', 0x130,   0x307,   0xC9, 0xE9, U'[', U'{', // one bit apart
                                 0x212A, U'k', 0x10400, 0x10428, 0};

@@ -1,6 +1,5 @@
-// What a body takes while it is read: its payloads half as much again at most, and for every part and
-// for every octet of its headers no more than a few. (Not built with the sanitizers, which have an allocator
-// of their own.)
+// Memory used by reading a body: for payloads at most half as much again, and a bounded amount for each part
+// and each octet of headers. (Not built with the sanitizers, which have an allocator of their own.)
 
 #include "tests/testing.h"
 
@@ -19,7 +18,7 @@ void* counted(void* memory) {
 
 } // namespace
 
-// The allocator of the C library under the names that everybody calls, with an account.
+// Replaces the C library's allocator by one that counts.
 extern "C" {
 void* __libc_malloc(size_t size);
 void* __libc_calloc(size_t count, size_t size);
@@ -55,7 +54,7 @@ QByteArray nested(QByteArray data) {
     return data;
 }
 
-/// The parts within a part, itself among them. Their payloads are added up.
+/// Number of parts within a part, itself included. Adds up their payloads.
 int count(const Part& part, qint64& payloads) {
     payloads += part.getBodyData().size();
     int parts = 1;
@@ -73,8 +72,8 @@ TEST(Memory, StaysWithinThePayloads) {
     const struct {
         const char* name;
         QByteArray body;
-        qint64 received; ///< octets of data in it
-        qint64 headers;  ///< octets of headers in it
+        qint64 received; ///< octets of data in the message
+        qint64 headers;  ///< octets of headers in the message
     } rows[] = {
         {"a picture within sixteen bodies", nested('\1' + entry("\x9E", QByteArray(size, 'x'))), size, 0},
         {"an announced length without data", '\1' + uintvar(1) + uintvar(size) + "\x9E", 0, 0},
@@ -94,7 +93,7 @@ TEST(Memory, StaysWithinThePayloads) {
         {"a long id", '\1' + entry("\x9E\xC0" + QByteArray(size, 'x') + '\0', QByteArray()), 0, size},
     };
     MMS_UA_UAMsg header;
-    for (int warm = 0; warm < 2; ++warm) // what Qt keeps of charsets and types is not the message's
+    for (int warm = 0; warm < 2; ++warm) // Qt's tables of charsets and types are allocated in the first round
         for (const auto& row : rows) {
             const QArray<char> input = row.body;
             MMS_COMP_SMILMultipart container;
@@ -114,8 +113,8 @@ TEST(Memory, StaysWithinThePayloads) {
         }
 }
 
-// The tree of a message as it was sent, and the record and container filled from it: in proportion to what is
-// no payload.
+// Memory of the tree of a message as it was sent, and of the record and container filled from it: linear in
+// what is no payload.
 TEST(Memory, OfAMessageAsItWasSent) {
     constexpr int size = 16 * 1024;
     const auto many = [](const char* hex) { return octets(hex).repeated(size / octets(hex).size()); };

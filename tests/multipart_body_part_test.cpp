@@ -1,4 +1,4 @@
-// Body parts: types by name and code, payload, records, files, and who owns whom.
+// Body parts: types by name and code, payload, records, files, and ownership.
 
 #include "tests/testing.h"
 
@@ -29,7 +29,7 @@ TEST(BodyPart, TypesAndTheirCodes) {
     EXPECT_EQ(part.getSupport(), 2);
     EXPECT_TRUE(part.setContentType(4) && part.setSubTypeCode(70));
     EXPECT_EQ(part.getSupport(), 0);
-    part.setCharset("vnd.wap.multipart.related"); // looked up among the sub-types, deliberately
+    part.setCharset("vnd.wap.multipart.related"); // looked up as a sub-type, deliberately
     EXPECT_EQ(part.getCharsetByCode(), 70);
 }
 
@@ -79,7 +79,7 @@ TEST(BodyPartRecord, TreesComeBackAndCutOnesStop) {
     EXPECT_EQ(back.getSubBody(2)->getSubBody(0)->getContentLocation(), "inner");
     for (qsizetype size = 0; size < record.size(); ++size)
         EXPECT_FALSE(readWhole(*std::make_unique<Part>(), record.left(size))) << size;
-    // two thousand million sub-bodies, none of them there
+    // a count of two thousand million sub-bodies without data
     EXPECT_FALSE(readWhole(claimed, QByteArray(52, 0) + octets("7FFFFFFF")));
     EXPECT_LE(claimed.getSubBodyCount(), 1);
 }

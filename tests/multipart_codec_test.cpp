@@ -1,11 +1,11 @@
-// The binary multipart: entries written and read octet by octet, nested bodies, malformed ones.
+// The binary multipart: entries, nested bodies, malformed bodies.
 
 #include "tests/testing.h"
 
 namespace {
 
-/// Reads an entry that ends where its allocation ends, so that a read behind it is noticed, and has
-/// other octets before it, so that its lengths look possible.
+/// Reads an entry that ends at the end of its allocation, so that reading behind it is detected. Other octets
+/// come before it, so that its lengths look possible.
 int read(const QByteArray& entry, Part& part) {
     std::vector<unsigned char> bytes(100);
     bytes.insert(bytes.end(), entry.begin(), entry.end());
@@ -33,7 +33,7 @@ QByteArray utf16(const std::u16string& text) {
 
 TEST(MultipartWriting, Heads) {
     using Row = std::tuple<const char*, const char*, const char*, const char*, QByteArray>;
-    const QByteArray syncml = "application/vnd.syncml.notification"; // its number is too high
+    const QByteArray syncml = "application/vnd.syncml.notification"; // has a number, which is not sent
     const Row rows[] = {
         {"image/jpeg", "", "", "a.g", octets("0C 00 06 9E 85 61 2E 67 00 8E 61 2E 67 00")},
         {"image/jpeg", "", "c1", "", octets("06 00 01 9E C0 63 31 00")},
@@ -62,7 +62,7 @@ TEST(MultipartWriting, OnePayloadAndWhatFits) {
     EXPECT_EQ(whole, octets("02 05 01 9D", "12345"));
     for (int room = 0; room < whole.size(); ++room)
         EXPECT_TRUE(whole.startsWith(written(part, CODEC_REFUSED, room))) << room;
-    part.setContentLocation(QString(2000, 'x')); // more than the headers of a part may take
+    part.setContentLocation(QString(2000, 'x')); // more than a part's headers may take
     part.setSubBody(new Part, -1);               // counted, but not sent
     part.getSubBody(0)->setBodyData("67", 2);
     EXPECT_EQ(written(part), octets("06 07 03 9D 85 00 8E 00", "12345"));
@@ -81,9 +81,9 @@ TEST(MultipartWriting, Bodies) {
     EXPECT_EQ(encoded(), octets("00"));
     for (int i = 0; i < 258; ++i)
         body.appendBodypart(new Part);
-    EXPECT_EQ(encoded(), octets("02") + octets("03 00 02 2F 00").repeated(258)); // the count's low octet
+    EXPECT_EQ(encoded(), octets("02") + octets("03 00 02 2F 00").repeated(258)); // the low octet of the count
 
-    qputenv("LUM_MMS_MAX_SIZE_KB", "1"); // heads that do not fit beside the payloads
+    qputenv("LUM_MMS_MAX_SIZE_KB", "1"); // the headers do not fit beside the payloads
     for (int i = 0; i < 258; ++i)
         body.getBodypartByIndex(i, false)->setContentID(QString(100, 'i'));
     encoded(CODEC_REFUSED);
@@ -98,23 +98,23 @@ TEST(MultipartReading, Heads) {
         {octets("7F 61 2F 62 00"), "a/b||||4"},
         {QByteArray("text/X-iMelody\0", 15), "audio/imelody||||4"},
         {QByteArray("video/3GP\0", 10), "video/3gpp||||4"},
-        {octets("1F 80 01 9E"), "image/jpeg||||4"}, // a long length
+        {octets("1F 80 01 9E"), "image/jpeg||||4"}, // a Length-quote
         {octets("05 9E 85 61 62 00"), "image/jpeg|ab|||4"},
-        // the length of the value only ends the parameters: what has begun is read whole
+        // the length only ends the parameters: one that has begun is read whole
         {octets("00 9E"), "image/jpeg||||4"},
         {octets("03", zeroed("image/jpeg")), "image/jpeg||||4"},
         {octets("02 83 81 EA"), "text/plain||||4"},
         {octets("05 9E 85", zeroed("a.jpg")) + octets("C0", zeroed("<c>")), "image/jpeg|a.jpg|<c>||4"},
         {octets("17 9E 85", QByteArray(")&&locStr.endsWith(a\0", 21)), "image/jpeg|&&locStr.endsWith(|||4"},
-        {octets("0F 9E", QByteArray("xboundary\0\x85z\0b\0", 15)), "image/jpeg|z||b|4"}, // with a name in it
+        {octets("0F 9E", QByteArray("xboundary\0\x85z\0b\0", 15)), "image/jpeg|z||b|4"}, // a name in between
         {octets("0D 9E", QByteArray("boundary\0\x7Fx\0", 12)), "image/jpeg|||\x7Fx|4"},
         {octets("0E 9E", QByteArray("a\0boundary\0\x81\xEA", 13)), "image/jpeg||||4"}, // a value
         {octets("04 9E 85 61 00 8E 7F C3 A9 00"), "image/jpeg|\xC3\xA9|||4"},
-        {octets("06 9E 85 7F C3 A9 00 8E C3 A9 00"), "image/jpeg|\xC3\xA9|||4"}, // UTF-8 only the second time
+        {octets("06 9E 85 7F C3 A9 00 8E C3 A9 00"), "image/jpeg|\xC3\xA9|||4"}, // UTF-8 only in the header
         {octets("9E C0 22 3C 61 3E 00", prompt), "image/jpeg||<a>||5"},
         {octets("9E", prompt + refused), "image/jpeg||||4"},
         {octets("9E", prompt.toLower()), "image/jpeg||||4"},
-        {octets("9E 58 8E 62 00 00"), "image/jpeg|b|||4"}, // in an unknown header
+        {octets("9E 58 8E 62 00 00"), "image/jpeg|b|||4"}, // inside an unknown header
     };
     for (const auto& [head, shown] : rows) {
         Part part;
@@ -133,15 +133,15 @@ TEST(MultipartReading, Data) {
                *utf32le = "05 83 81 02 03 FB";
     const std::tuple<const char*, QByteArray, QByteArray> rows[] = {
         {text, QByteArray("ab\0", 3), "ab"},
-        {text, QByteArray(1, 0), QByteArray(1, 0)}, // a NUL alone stays
+        {text, QByteArray(1, 0), QByteArray(1, 0)}, // a single NUL stays
         {utf8, "\xC3\xA9", "\xC3\xA9"},
         {latin1, "\xE9z", "\xC3\xA9z"},
         {latin1, QByteArray("a\0b", 3), "a"},
         {none, "\xE9", "\xE9"},
-        {utf32le, QByteArray("x\0\0\0y\0", 6), "x\xEF\xBF\xBD"}, // cut within a character
+        {utf32le, QByteArray("x\0\0\0y\0", 6), "x\xEF\xBF\xBD"}, // ends inside a character
         {utf16Any, utf16(u"\uFEFFa\u00E9"), "a\xC3\xA9"},
-        {utf16Any, utf16(u"\uFFFEabcde"), "badce"}, // with the other mark
-        {utf16be, utf16(u"ab"), "ba"},              // units change places in pairs
+        {utf16Any, utf16(u"\uFFFEabcde"), "badce"}, // with the other byte order mark
+        {utf16be, utf16(u"ab"), "ba"},              // units are exchanged in pairs
         {utf16le, utf16(u"abc"), "abc"},
         {utf16le, utf16(u"\uFFFEabc"), "abc"},
         {utf16le, utf16(u"ab") + 'c', "ab"},
@@ -155,7 +155,7 @@ TEST(MultipartReading, Data) {
 }
 
 TEST(MultipartReading, LongTextIsConvertedWhole) {
-    // pairs at every place where the text may be cut for conversion, and a result longer than its units
+    // surrogate pairs at every place where conversion may cut the text, and a result longer than its units
     std::u16string text = u"x";
     while (text.size() < 20000)
         text += u"\U0001F600\u20AC";
@@ -168,12 +168,12 @@ TEST(MultipartReading, LongTextIsConvertedWhole) {
 
 TEST(MultipartReading, MalformedEntries) {
     const char* rows[] = {
-        "7F 00 9E",                   // headers longer than all
-        "01 7F 9E",                   // data longer than all
+        "7F 00 9E",                   // headers longer than the rest
+        "01 7F 9E",                   // data longer than the rest
         "8F FF FF FF 7F 00 9E",       // a negative length
-        "03 00 05 9E",                // a value longer than what is left
-        "03 00 1F 8F FF FF FF 7F 9E", // a negative one
-        "05 00 04 9E 85 61 62",       // a name without end
+        "03 00 05 9E",                // a value longer than the rest
+        "03 00 1F 8F FF FF FF 7F 9E", // a negative value length
+        "05 00 04 9E 85 61 62",       // an unterminated name
         "03 00 02 9E 81",             // a charset behind the end
         "03 00 9E 41",                // headers that end early
         "01 00 C8",                   // an empty nested body

@@ -38,7 +38,7 @@ TEST(Multipart, FindsPartsByReferenceAndKind) {
 }
 
 TEST(Multipart, FindsPartsAmongManyAsAmongFew) {
-    MMS_COMP_SMILMultipart many; // searched so often that their names are sorted
+    MMS_COMP_SMILMultipart many; // looked up often enough for an index
     QList<Part*> parts;
     for (int i = 0; i < 300; ++i) {
         parts += addPart(many, i % 3 ? QString::number(i % 100) : QString(), i % 2);
@@ -101,7 +101,7 @@ TEST(Multipart, SharedPartsLoseReferencesFirst) {
 
 TEST(Multipart, UniqueLocations) {
     const QString a84(84, 'a'), a88(88, 'a'), a95(95, 'a'), a100(100, 'a');
-    // taken, wanted, unique
+    // names in use, wanted name, unique name
     const std::tuple<QString, QString, QString> rows[] = {
         {"", "dir/a&b.gif", "ab.gif"},
         {"PHOTO.jpg photo_0.jpg", "c:\\photo.jpg", "photo_1.jpg"},
@@ -136,7 +136,7 @@ TEST(Multipart, PresentationPart) {
     first->setContentID("<s>");
     EXPECT_EQ(body.getSmilPart(), nullptr);
     setType(*first, "Application/SMIL");
-    body.setMimeType("multipart"); // not a related body
+    body.setMimeType("multipart"); // no related multipart
     EXPECT_EQ(body.getSmilPart(), nullptr);
     body.setMimeType("Application");
     EXPECT_EQ(body.getSmilPart(), first);
@@ -156,7 +156,7 @@ TEST(Multipart, AttachmentsOfRelatedAndMixedBodies) {
     EXPECT_EQ(body.getAttachment(0), image);
     bool found[] = {false, false, true};
     body.isContainAttachImgAudio(&found[0], &found[1], &found[2], nullptr);
-    EXPECT_TRUE(found[0] && found[1] && !found[2]); // "Audio" does not count
+    EXPECT_TRUE(found[0] && found[1] && !found[2]); // "Audio" with a capital does not count
     body.setMimeType("multipart");
     EXPECT_EQ(body.getAttachmentCount(), 3);
     EXPECT_EQ(body.getAttachment(1), image);
@@ -176,7 +176,7 @@ TEST(Multipart, CopiesAndClearing) {
     addPart(body, "a");
     MMS_COMP_SMILMultipart copy(body);
     EXPECT_EQ(copy.getStart() + copy.getBoundary() + copy.getOtherContentTypeParam() + order(copy), "sa");
-    body.clear(); // the type is then empty, not that of a new container
+    body.clear(); // the type is empty then, unlike in a new container
     EXPECT_EQ(body.getStart() + body.getBoundary() + body.getOtherContentTypeParam() + body.getExtType() +
                   order(body),
               "bo");

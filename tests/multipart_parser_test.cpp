@@ -1,5 +1,5 @@
-// Header and body joined: parameter lists, received bodies settled, bodies assembled. (The made-up
-// messages of tool_make_test are assembled and read again.)
+// Header and body together: parameter texts, received bodies, assembled bodies. (tool_make_test assembles
+// random messages and reads them again.)
 
 #include "tests/testing.h"
 
@@ -13,7 +13,7 @@ TEST(MultipartParameters, FoundAndStrippedByPlainSearch) {
         {"type=application/smil;start=s1", "s1", "application/smil", ""},
         {"start=;type=", "", "", ""},
         {"Start=a", "", "", "Start=a"},
-        {"subtype=x;type=y", "", "x", "sub;type=y"}, // also the end of a longer name
+        {"subtype=x;type=y", "", "x", "sub;type=y"}, // matches the end of a longer name too
         {"x=1;type=t;y=2;start=s;z=3", "s", "t", "x=1;y=2;z=3"},
         {"x=1;;start=s;;z=3", "s", "", "x=1;;z=3"},
         {"start=s;;;z=3", "s", "", ";z=3"}};
@@ -41,14 +41,14 @@ TEST(MultipartParser, SettlesWhatWasReceived) {
     EXPECT_EQ(Parser::parse(octetsOfBody, nullptr, &body), -6);
     EXPECT_EQ(Parser::parse(octetsOfBody.chopped(2), &header, &body), -19);
     EXPECT_EQ(body.getPartCount(), 2);
-    EXPECT_EQ(part(1)->getContentLocation(), ""); // not settled yet
+    EXPECT_EQ(part(1)->getContentLocation(), ""); // has no name before checkLocation()
     body.clear();
     EXPECT_EQ(Parser::parse(octetsOfBody, &header, &body), 0);
     ASSERT_EQ(body.getPartCount(), 3);
     EXPECT_EQ(part(0)->getDispFileName(), "img");
     EXPECT_TRUE(part(1)->getContentLocation().startsWith("file0.jp"));
     EXPECT_EQ(part(2)->getContentLocation(), "file0.txt");
-    EXPECT_EQ(part(1)->getDispFileType(), 0); // what "start" refers to
+    EXPECT_EQ(part(1)->getDispFileType(), 0); // the part named by "start"
     EXPECT_EQ(body.getStart() + '|' + body.getExtType() + '|' + body.getOtherContentTypeParam(),
               "cid:S|t/u|x=1;y=2");
     textual.setBoundary("b");

@@ -1,11 +1,11 @@
 #pragma once
 
-// Octets as they are written down in tests, seeds and shapes of bad input.
+// Octets as written in tests, seeds and shapes of bad input.
 
 #include <QByteArray>
 #include <QByteArrayList>
 
-/// Octets written in hexadecimal, blanks as you like: octets("8C 80 8D 90").
+/// Octets in hexadecimal, with any blanks: octets("8C 80 8D 90").
 inline QByteArray octets(const char* hex) {
     return QByteArray::fromHex(QByteArray(hex).replace(' ', ""));
 }
@@ -20,7 +20,7 @@ inline QByteArray zeroed(const QByteArray& text) {
     return text + '\0';
 }
 
-/// All octets of a literal, NULs too, but for its closing one.
+/// The octets of a literal with NULs, without its closing one.
 template <size_t size>
 QByteArray raw(const char (&literal)[size]) {
     return QByteArray(literal, size - 1);
@@ -34,17 +34,17 @@ inline QByteArray uintvar(qsizetype value) {
     return octets;
 }
 
-/// An entry of a multipart: its lengths, its head (content type and headers) and its data.
+/// An entry of a multipart: lengths, head (content type and headers) and data.
 inline QByteArray entry(const QByteArray& head, const QByteArray& data = QByteArray()) {
     return uintvar(head.size()) + uintvar(data.size()) + head + data;
 }
 
-/// An entry whose content type, below 31 octets, is given without its length.
+/// An entry with a content type below 31 octets, given without its length.
 inline QByteArray entry(const QByteArray& contentType, const QByteArray& headers, const QByteArray& data) {
     return entry(char(contentType.size()) + contentType + headers, data);
 }
 
-/// The body of a message, and its content type: a presentation and further parts.
+/// The body of a message and its content type: a presentation and further parts.
 inline QByteArray related(const QByteArray& smil, const QByteArrayList& parts) {
     return octets("84 18 B3 8A") + zeroed("<s>") + octets("89") + zeroed("application/smil") +
            uintvar(1 + parts.size()) +

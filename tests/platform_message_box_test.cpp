@@ -7,8 +7,8 @@
 
 namespace {
 
-/// An application without a screen, and what its modal boxes showed. Every box is closed at once, by
-/// its button number `press`, or as if with the Escape key when there is none such.
+/// An application without a screen that records its modal boxes. Closes each box at once, by the button with
+/// number `press`, or as if with Escape when there is none.
 struct Screen {
     explicit Screen(int press) {
         QObject::connect(&timer, &QTimer::timeout, [this, press] {

@@ -30,7 +30,7 @@ TEST(MediaNumbers, areTheAssignedOnes) {
         EXPECT_EQ(nameOf(code), "application/octet-stream") << code;
     for (const char16_t* name : {u"/", u"image/", u"image/jpe", u"image/plain", u"\u0131mage/gif"})
         EXPECT_EQ(codeOf(QString::fromUtf16(name)), 0x7F) << testing::PrintToString(name);
-    // what is plain ASCII only in lower case is found like everything else
+    // letters that are ASCII only in lower case are found too
     EXPECT_EQ(codeOf(QStringLiteral("application/p\u212Acs7-mime")), 0x37);
 }
 

@@ -7,7 +7,7 @@ TEST(QArray, sharesExplicitly) {
     QArray<char> second = first;
     second[1] = 'X';
     EXPECT_EQ(first, QByteArray("aXc"));
-    ASSERT_TRUE(second.resize(100000)); // moves the elements: the other sees it all the same
+    ASSERT_TRUE(second.resize(100000)); // moves the elements of both arrays
     second[99999] = 'e';
     EXPECT_EQ(first.size(), 100000);
     EXPECT_EQ(first.data(), second.data());
@@ -84,12 +84,12 @@ TEST(QArray, believesALengthOnlyAsFarAsElementsFollow) {
         EXPECT_EQ(in.status(), QDataStream::ReadPastEnd);
     }
     QDataStream in(octets("00 00 00 02 00 00 00 01 00 00"));
-    QArray<int> whole; // half an element is none
+    QArray<int> whole; // half an element is dropped
     in >> whole;
     EXPECT_EQ(whole.size(), 1);
 }
 
-/// Its count of uses tells how many items are alive beside it.
+/// Its use count shows how many items exist beside it.
 using Item = std::shared_ptr<int>;
 
 TEST(QPtrList, deletesWhatItOwns) {

@@ -7,7 +7,7 @@ namespace {
 using Parser = MMS_COMP_SMILParser;
 
 TEST(RootLayout, ReadsItsElement) {
-    // width, height and colour; the measures read, and the kind of the colour
+    // width, height and colour; the measures read, and the kind of colour
     const std::tuple<const char*, const char*, const char*, const char*> rows[] = {
         {" 176PX ", "208px", "", "176 208 0"},
         {"", "abc", " red ", "-1 0 1"},
@@ -54,7 +54,7 @@ TEST(Layout, NeverHoldsARegionTwice) {
     layout.appendRegion(image);
     layout.appendRegion(nullptr);
     MMS_COMP_SMILRegion copy(*image);
-    layout.appendRegion(&copy); // refused, so it stays ours
+    layout.appendRegion(&copy); // refused, so the caller keeps it
     other.appendRegion(image);
     layout.appendRegion(layout.appendRegion(std::numeric_limits<float>::quiet_NaN(), 0, 1, 1, "", "nan"));
     EXPECT_EQ(layout.getRegionCount(), 3);
@@ -93,7 +93,7 @@ TEST(Layout, FindsTheFirstEqualRegionWhateverChanged) {
     EXPECT_EQ(found, first);
 }
 
-/// Regions written "id left,top,width,height;" each, and one slide more with an object for each.
+/// Regions written "id left,top,width,height;" each, with a slide and an object for each.
 void fill(MMS_COMP_SMILData& data, const QString& regions) {
     MMS_COMP_SMILTimingContainer* slide = data.appendSlide();
     for (const QString& region : regions.split(';', Qt::SkipEmptyParts)) {

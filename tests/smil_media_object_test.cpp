@@ -142,7 +142,7 @@ TEST(MediaObject, NeverDeletesAPartWhenItGoesAway) {
     }
 
     Part elsewhere;
-    Object cleared(&container); // asks the container, which does not have that part
+    Object cleared(&container); // the container does not have the part
     cleared.setData(&elsewhere);
     cleared.clear();
     EXPECT_EQ(cleared.getData(), nullptr);

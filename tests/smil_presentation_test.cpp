@@ -7,12 +7,12 @@ namespace {
 int append(MMS_COMP_SMILData& data, const QString& tag, const QString& src, bool newSlide = false) {
     QDomDocument document;
     QDomElement element = document.createElement("x");
-    element.setTagName(tag); // an odd one, too
+    element.setTagName(tag); // an unknown tag too
     element.setAttribute("src", src);
     return data.appendElementObject(&element, data.getMultiPart(), newSlide, 3000, nullptr);
 }
 
-/// The sources of a document's objects, slides divided by bars.
+/// The sources of a document's objects, slides separated by bars.
 QString sourcesOf(const MMS_COMP_SMILData& data) {
     QStringList slides;
     for (int i = 0; i < data.getTotalSlidesNum(); ++i) {
@@ -24,7 +24,7 @@ QString sourcesOf(const MMS_COMP_SMILData& data) {
     return slides.join('|');
 }
 
-// Elements, those with a plus in a new slide, and by their numbers how they are spread.
+// Elements, with "+" those in a new slide, and their distribution to slides by index.
 TEST(Presentation, SpreadsElementsOverSlides) {
     const QStringList rows = {"img,img = 0|1", "text,video,audio,ref,ref = 01234",
                               "img,video,text,text = 0|12|3", "+ref,+ref,ref, IMG  = 0|123",
@@ -96,7 +96,7 @@ TEST(Presentation, DeletesTheFirstObjectWithThatContent) {
 }
 
 TEST(Presentation, DropsEmptyTextsThatNeedNotBeSent) {
-    // the colour of the page, what stands beside the text, its content, and whether it is dropped
+    // colour of the page, other objects of the slide, content of the text, and whether the text is removed
     const std::tuple<int, const char*, const char*, const char*, bool> rows[] = {
         {MMS_COMP_COLOR_NONE, "", "", "", true},
         {MMS_COMP_COLOR_NONE, "", "img", "x", false},

@@ -22,7 +22,7 @@ TEST(ValueSyntax, Durations) {
         EXPECT_EQ(Parser::parseDur(text), 5000) << text;
 }
 
-// A text, and the type, value and event that it gives.
+// a text, and the type, value and event read from it
 TEST(ValueSyntax, BeginAndEndTimes) {
     const QString rows = " = 2 7 old, 0s = 0 0 , 3s = 0 3000 , 12 = 3 7 , indefinite = 3 7 , "
                          "id(t1)(end) = 1 -1 t1, id(t1)(endbegin) = 1 0 t1, id(t1)(1.5s) = 1 1500 t1, "
@@ -40,7 +40,7 @@ TEST(ValueSyntax, BeginAndEndTimes) {
 }
 
 TEST(ValueSyntax, Colours) {
-    // kind, colour and name, and the texts that give them
+    // kind, colour and name, and the texts for them
     const std::pair<const char*, QStringList> rows[] = {
         {"0 #010203 old", {"", " \t"}},
         {"1 #ffffff white", {" white "}},
@@ -69,7 +69,7 @@ protected:
             addPart(body, location);
     }
     int parse(const QByteArray& smil) {
-        return parser.parse(smil, &body, &data); // a text, though octets could become a path
+        return parser.parse(smil, &body, &data); // a QByteArray is a text, not a path
     }
     int parseFile(const QByteArray& smil) {
         QTemporaryFile file;
@@ -167,7 +167,7 @@ TEST_F(Reader, TellsWhereAnErrorIs) {
 TEST_F(Reader, TakesFilesAsTheyStand) {
     const QString umlaut = QString::fromUtf8("<smil><head><meta name='\xC3\xBC' content='c'/></head></smil>");
     const QByteArray latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" + umlaut.toLatin1();
-    const QString marked = QChar(QChar::ByteOrderMark) + umlaut; // the machine's order, marked
+    const QString marked = QChar(QChar::ByteOrderMark) + umlaut; // in the machine's byte order, with a mark
     const QByteArray wide(reinterpret_cast<const char*>(marked.utf16()), marked.size() * 2);
     EXPECT_EQ(parser.parse("/nonexistent/a.smil", &body, &data), -1);
     EXPECT_EQ(parseFile(""), -8);

@@ -4,7 +4,7 @@ namespace {
 
 using Slide = MMS_COMP_SMILTimingContainer;
 
-// Kinds by letter, in the order of their numbers: audio, video, text, image, ref, other.
+// Kinds as letters, in the order of their numbers: audio, video, text, image, ref, other.
 const QString KINDS = "avtiro";
 
 MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE typeOf(QChar kind) {
@@ -20,7 +20,7 @@ void fill(Slide& slide, const QString& kinds) {
     }
 }
 
-/// The kinds in a slide, those with new content in capitals.
+/// The kinds in a slide; capitals for objects with new content.
 QString kindsOf(const Slide& slide) {
     QString kinds;
     for (const MMS_COMP_SMILMediaObject* object : slide) {
@@ -30,7 +30,7 @@ QString kindsOf(const Slide& slide) {
     return kinds;
 }
 
-// What is there, what comes, and how they stand with the text above and below the image.
+// objects there, the new one, and their order with the text above and below the image
 TEST(Slide, PutsNewContentInItsPlace) {
     const QStringList rows = {
         " + i = I / I",       " + o = O / O",        "t + t = T / T",    "t + i = tI / It",
@@ -54,7 +54,7 @@ TEST(Slide, PutsNewContentInItsPlace) {
     });
 }
 
-// The kinds there are, those with room, and whether there is an (I)mage, a (V)ideo, a text (B)elow it.
+// Kinds there, kinds with room, and whether there is an (I)mage, a (V)ideo, a text (B)elow the image.
 TEST(Slide, KnowsWhatItHolds) {
     const QStringList tags = {"Audio", "VIDEO", "text", "IMG", "Ref", "object", "", " img"};
     const QStringList rows = {" = avtir B",   "t = avir B", "i = atr IB",  "v = atr IVB", "a = vtir B",
@@ -144,7 +144,7 @@ TEST(Slide, RecordKeepsDurationAndObjects) {
         EXPECT_FALSE(readWhole(cut, record.left(length))) << length;
         EXPECT_LE(cut.count(), 2) << length;
     }
-    EXPECT_FALSE(readWhole(back, octets("00000000 7FFFFFFF"))); // more objects than anybody could send
+    EXPECT_FALSE(readWhole(back, octets("00000000 7FFFFFFF"))); // a count of objects without any
     EXPECT_LE(back.count(), 5);
 }
 

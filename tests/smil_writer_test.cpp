@@ -46,7 +46,7 @@ TEST(Writer, Documents) {
                              refValueType);
     data.appendSlide()->appendObject(ref);
     slide = data.appendSlide();
-    slide->appendObject(object(6, "a", "b", "c")); // behind a number that is no kind nothing is written
+    slide->appendObject(object(6, "a", "b", "c")); // ends the slide: no kind has this number
     slide->appendObject(object(2, "a", "b", "c"));
     const QString expected = contents(QString(SOURCES) + "/tests/data/written/document.smil");
     EXPECT_EQ(written(data), expected.toStdString());
@@ -63,7 +63,7 @@ TEST(Writer, MeasuresInPerCent) {
 }
 
 TEST(Writer, BackgroundLeavesTheWidthOpen) {
-    // a colour, what is written, and the status when that is read
+    // a colour, its text, and the status of reading that
     const std::tuple<const char*, const char*, int> rows[] = {{"#ff0800", " background-color=\"#ff0800", -8},
                                                               {"navy", " background-color=\"#000080", -8},
                                                               {"#fff", " background-color=\"#0f0f0f", -8},

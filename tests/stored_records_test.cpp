@@ -1,18 +1,17 @@
-// Records as phones have stored them, one of each kind in tests/data/stored, each field with a value of its
-// own.
+// Records as stored by phones, one of each kind in tests/data/stored, with a distinct value in each field.
 
 #include "tests/testing.h"
 
 namespace {
 
-/// Deletes the parts that came with a record: they belong to whoever restored it.
+/// Deletes the parts of a record, which its reader owns.
 template <class Recorded>
 void release(Recorded& object) {
     if constexpr (requires { object.clear(); })
         object.clear();
 }
 
-/// Reads a stored record and expects that it is written again to the octet, in the other byte order too.
+/// Reads a stored record and expects that it is written again octet by octet, in the other byte order too.
 template <class Recorded>
 void restore(const char* name, Recorded& object, std::unique_ptr<Recorded> another) {
     const QByteArray record = contents(QString(SOURCES) + "/tests/data/stored/" + name);

@@ -1,6 +1,6 @@
 #pragma once
 
-// What every test starts from: the whole library, files, rows and parts.
+// Included by every test: the whole library, and helpers for files, rows and parts.
 
 #include "tests/octets.h"
 
@@ -19,7 +19,7 @@
 #include <tuple>
 #include <vector>
 
-/// How a failed comparison shows Qt's texts.
+/// Prints Qt's texts in failed comparisons.
 inline void PrintTo(const QString& text, std::ostream* out) {
     *out << (text.isNull() ? "(null)" : qPrintable('"' + text + '"'));
 }
@@ -27,20 +27,20 @@ inline void PrintTo(const QByteArray& bytes, std::ostream* out) {
     *out << bytes.toHex(' ').constData();
 }
 
-/// What a file holds; null when it cannot be read.
+/// The contents of a file; null when it cannot be read.
 inline QByteArray contents(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Writes a file; its path.
+/// Writes a file and returns its path.
 inline QString put(const QString& path, const QByteArray& octets) {
     QFile file(path);
     EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(octets) == octets.size());
     return path;
 }
 
-/// Keeps what is logged, which is then not shown, as long as it lives.
+/// Collects log output, which is then not printed, while it exists.
 struct Log {
     Log() { lines.clear(); }
     ~Log() { qInstallMessageHandler(former); }
@@ -52,7 +52,7 @@ struct Log {
         [](QtMsgType, const QMessageLogContext&, const QString& line) { lines += line; });
 };
 
-/// Expects of every row "input = result" that `work` makes that result of that input.
+/// Expects for each row "input = result" that `work` returns that result.
 template <class Work>
 void expectRows(const QStringList& rows, Work work) {
     for (const QString& row : rows) {
@@ -63,7 +63,7 @@ void expectRows(const QStringList& rows, Work work) {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-/// Appends a part of this name, an ordinary one or, with 0, one that is linked already.
+/// Appends a part with that name: an ordinary one, or with 0 a linked one.
 inline Part* addPart(MMS_COMP_SMILMultipart& container, const QString& location, int fileType = 1) {
     auto* part = new Part;
     part->setContentLocation(location);
@@ -72,19 +72,19 @@ inline Part* addPart(MMS_COMP_SMILMultipart& container, const QString& location,
     return part;
 }
 
-/// Reads a body that ends exactly at the end of its allocation.
+/// Reads a body that ends at the end of its allocation.
 inline int decode(const QByteArray& octets, MMS_COMP_SMILMultipart& body) {
     std::vector<unsigned char> bytes(octets.begin(), octets.end());
     return MMS_UA_MultiPart_CODEC::decodeMultipart(true, bytes.data(), unsigned(bytes.size()), &body);
 }
 
-/// Gives a part a type written as "type/sub-type".
+/// Sets a part's type from "type/sub-type".
 inline void setType(Part& part, const QString& type) {
     part.setContentType(Part::getTypePartFromFormat(type));
     part.setContentSubType(Part::getSubTypePartFromFormat(type));
 }
 
-/// What an object is stored as.
+/// The record of an object.
 template <class Recorded>
 QByteArray recordOf(const Recorded& object) {
     QByteArray octets;
@@ -93,7 +93,7 @@ QByteArray recordOf(const Recorded& object) {
     return octets;
 }
 
-/// Restores an object from a record, which gives true even when it ends early; whether the stream had all.
+/// Reads an object from a record and expects true, even when it ends early; returns whether it was complete.
 template <class Recorded>
 bool readWhole(Recorded& object, const QByteArray& octets) {
     QDataStream stream(octets);
@@ -101,14 +101,14 @@ bool readWhole(Recorded& object, const QByteArray& octets) {
     return stream.status() == QDataStream::Ok;
 }
 
-/// A slide or object whose parts are in no container, and are deleted with it.
+/// A slide or object that deletes its parts, which are in no container.
 template <class Shown>
 struct Released : Shown {
     Released() : Shown(nullptr) {}
     ~Released() { Shown::clear(); }
 };
 
-/// Restores an object from its record.
+/// Reads an object from its record.
 template <class Recorded>
 bool read(Recorded& object, const QByteArray& octets) {
     QDataStream stream(octets);

@@ -84,7 +84,7 @@ TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {
         lummms({"compose", "-o", path("m.mms"), "--to", "1", "--subject", "a"}, {"LUM_MMS_MAX_SIZE_KB=many"})
             .err,
         "lummms: LUM_MMS_MAX_SIZE_KB: 'many' is not a number of kilobytes\n");
-    ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // neither is a device replaced
+    ASSERT_TRUE(QFile::link("/dev/null", path("null"))); // a device is not replaced either
     expectRefused({"compose", "-o", path("null"), "--force", "--to", "1", "--slide", "5", "text:a"}, "null");
     write("m.mms", "before");
     expectRefused({"compose", "-o", path("m.mms"), "--to", "1", "--attach", picture},
@@ -103,13 +103,13 @@ QString localMoment() {
     return QDateTime::fromString(MOMENT, Qt::ISODate).toLocalTime().toString("yyyy-MM-ddTHH:mm:ss");
 }
 
-/// A header field as it is asked for, and as it is shown.
+/// A header field as requested and as shown.
 const struct {
     FIELD_CODE field;
     const char* option;
-    const char* value; ///< null for an option that has none
+    const char* value; ///< null for an option without a value
     const char* key;
-    QJsonValue shown; ///< by the phone's rules
+    QJsonValue shown; ///< in the phone's reading
 } FIELDS[] = {
     {FIELD_TRANSACTION_ID, "transaction-id", "T-1", "transactionId", "T-1"},
     {FIELD_MMS_VERSION, "version", "1.2", "version", "1.2"},
@@ -132,7 +132,7 @@ const struct {
     {FIELD_CONTENT_LOCATION, "content-location", "http://mmsc/1", "contentLocation", "http://mmsc/1"},
     {FIELD_STATUS, "status", "129", "status", 129},
     {FIELD_REPORT_ALLOWED, "report-allowed", "no", "reportAllowed", false},
-    {FIELD_DATE, "date", MOMENT, "date", QJsonValue::Undefined}, // the phone does not keep it
+    {FIELD_DATE, "date", MOMENT, "date", QJsonValue::Undefined}, // the phone does not store it
 };
 
 TEST_F(ComposeTest, EachKindCarriesItsFieldsAndNoOther) {
@@ -156,7 +156,7 @@ TEST_F(ComposeTest, EachKindCarriesItsFieldsAndNoOther) {
         EXPECT_TRUE(made.status == 0 && made.err.isEmpty()) << made.err.constData();
         const QByteArray pdu = read("m.mms");
         MMS_WIRE_Reader sent;
-        const bool isReport = type == MESSAGE_DELIVERY_IND; // written without a Message-ID, the version first
+        const bool isReport = type == MESSAGE_DELIVERY_IND; // without a Message-ID, the version first
         EXPECT_TRUE(sent.read(pdu) && sent.marks().isEmpty()) << kind.name;
         EXPECT_EQ(sent.missingFields(), isReport ? QList<int>{FIELD_MESSAGE_ID} : QList<int>()) << kind.name;
         EXPECT_EQ(sent.isFieldOrderCorrect(), !isReport) << kind.name;
@@ -183,7 +183,7 @@ TEST_F(ComposeTest, ASubjectAloneIsAMessageToo) {
     EXPECT_EQ(lummms({"show", "--json", path("m.mms")}).json()["header"].toObject()["subject"], "a");
 }
 
-/// A picture that is hard to compress: its left half is reddish, its right half bluish.
+/// A picture that compresses badly: red noise on the left, blue noise on the right.
 QByteArray photo(QSize size, const char* format) {
     QImage image(size, QImage::Format_ARGB32);
     QRandomGenerator random(1);
@@ -199,7 +199,7 @@ QByteArray photo(QSize size, const char* format) {
     return octets;
 }
 
-/// A JPEG as a phone that was held upright stores it: its left side is to be shown on top.
+/// A JPEG as stored by a phone held upright: its left side is shown on top.
 QByteArray turned(const QByteArray& jpeg) {
     return jpeg.first(2) + octets("FFE1 0022") + QByteArray("Exif\0\0MM\0*\0\0\0\x08", 14) +
            octets("0001 0112 0003 00000001 0006 0000 00000000") + jpeg.mid(2);
@@ -207,7 +207,7 @@ QByteArray turned(const QByteArray& jpeg) {
 
 class PictureTest : public ToolTest {
 protected:
-    /// Composes a message of one slide and an attachment, and gives its parts.
+    /// Composes a message of one slide and an attachment, and returns its parts.
     QJsonArray partsOf(const QString& slide, const QString& attachment, const QStringList& environment,
                        QByteArray& said) {
         const Outcome made = lummms({"compose", "--force", "-o", path("m.mms"), "--to", "1", "--slide", "5",

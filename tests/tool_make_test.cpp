@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A PDU as a receiving application reads it.
+/// A PDU as read by a receiving application.
 struct Received {
     explicit Received(QByteArray pdu) : octets(std::move(pdu)) {
         auto length = static_cast<unsigned int>(octets.size());
@@ -25,7 +25,7 @@ struct Received {
     }
 
     QByteArray payload(int part) { return body.getBodypartByIndex(part, false)->getBodyData(); }
-    /// What a slide shows: its text, its picture and its sound.
+    /// The contents of a slide: text, picture and sound.
     QList<QByteArray> payloads(int slide) {
         QList<QByteArray> shown;
         for (const auto kind :
@@ -44,8 +44,7 @@ struct Received {
     MMS_COMP_SMILData presentation{&body};
 };
 
-/// A text as the header codec reads back what it wrote: one that begins beyond ASCII keeps the zero that
-/// closed it.
+/// A text as the header codec reads it back: one beginning beyond ASCII keeps its closing zero.
 QString readBack(const QString& text) {
     return text.at(0).unicode() < 0x80 ? text : text + QChar::Null;
 }
@@ -64,7 +63,7 @@ protected:
         QString name = QString::fromUtf8(NAMES[random.bounded(int(std::size(NAMES)))]);
         if (random.bounded(5) == 0)
             name += QString(random.bounded(60, 110), 'n');
-        const QString folder = QString::number(files_++); // the same names again and again
+        const QString folder = QString::number(files_++); // the same names in different folders
         EXPECT_TRUE(QDir(path("")).mkpath(folder));
         return write(folder + '/' + name + extension, octets);
     }
@@ -101,7 +100,7 @@ protected:
     }
 
     QStringList arguments_;
-    QList<QList<QByteArray>> slides_; ///< of each its text, its picture and its sound
+    QList<QList<QByteArray>> slides_; ///< text, picture and sound of each slide
     QList<QByteArray> attachments_;
     int files_ = 0;
 };
@@ -122,7 +121,7 @@ TEST_P(GeneratedMessages, ArriveAsTheyWereMadeAndStayWhenOneSlideIsEdited) {
 
     const int edited = random.bounded(int(slides_.size()));
     slides_[edited][0] = "another text";
-    attachments_.clear(); // a new text part comes behind them
+    attachments_.clear(); // a new text part comes after them
     ASSERT_TRUE(received.presentation.getSlide(edited)->updateData(
         MMS_COMP_SMILData::getTextRegionId(), received.presentation.createUniqueSrc("text.txt"),
         MMS_COMP_SMIL_MEDIA_TEXT, "plain", slides_[edited][0], false, &received.body));
@@ -205,8 +204,7 @@ TEST_F(ToolTest, UnpackTakesWhatIsAskedFor) {
               "4  text/plain  5 octets  file0.txt\n");
     expectRefused({"unpack", file}, "DIR is missing");
     expectRefused({"unpack", "-o", "-", file}, "one --part");
-
-    ASSERT_TRUE(QDir(path("")).mkpath("out/a.txt")); // never replaced, and the others are written
+    ASSERT_TRUE(QDir(path("")).mkpath("out/a.txt")); // not replaced; the others are written
     write("target.txt", "before");
     ASSERT_TRUE(QFile::link(path("target.txt"), path("out/a_0.txt")));
     write("out/inner.txt", "before");

@@ -2,7 +2,7 @@
 
 #include <QJsonArray>
 
-// The two readings of a message beside each other, its items one by one, and what is found wrong with it.
+// The two readings of a message, its items, and what lummms check finds.
 
 namespace {
 
@@ -86,7 +86,7 @@ TEST_F(ReadingTest, BothReadingsSayTheSameOfSoundMessages) {
         const Outcome sent = lummms({"show", "--json", file});
         const Outcome phone = lummms({"show", "--json", "--phone", file});
         QJsonObject both = common(sent.json()).toObject();
-        if (!phone.json().contains("body")) // other bodies have no parts for the phone
+        if (!phone.json().contains("body")) // the phone has parts only for a multipart
             both.remove("body");
         EXPECT_EQ(QJsonDocument(both).toJson(), QJsonDocument(common(phone.json()).toObject()).toJson())
             << number;
@@ -120,7 +120,7 @@ TEST_F(ReadingTest, DumpsEveryItem) {
     const QJsonObject json = lummms({"dump", "--json", file}).json();
     EXPECT_EQ(json["length"], rich().size());
     EXPECT_EQ(json["problems"].toArray().size(), 0);
-    qint64 end = 0; // the leaves follow each other without a gap
+    qint64 end = 0; // the leaves follow each other without gaps
     qsizetype items = 0;
     const std::function<void(const QJsonArray&)> walk = [&](const QJsonArray& level) {
         for (const QJsonValue item : level) {
@@ -142,10 +142,10 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         return FRONT + DATE + related(QByteArray(SMIL).replace(was, is), {TEXT, PICTURE});
     };
     const QByteArray named = zeroed("a.txt");
-    // the message, the exit status, and what is found
+    // message, exit status, findings
     const std::tuple<QByteArray, int, const char*> rows[] = {
         {FRONT + DATE + BODY, 0, ""},
-        {FRONT + DATE + octets("88 06 80 04 53 70 7A 8C") + BODY, 0, ""}, // past for both readings
+        {FRONT + DATE + octets("88 06 80 04 53 70 7A 8C") + BODY, 0, ""}, // past in both readings
         {smil("<layout>", "<layout><root-layout/>"), 0, ""},              // no screen is known
         {smil("<body>", "<body><x:y/>"), 0, ""},
         {octets("8C 96 98") + zeroed("T"), 1,

@@ -9,14 +9,14 @@
 
 namespace {
 
-/// The octets of a picture's file.
+/// The file of a picture.
 QByteArray file(const QImage& image, const char* format) {
     QBuffer buffer;
     EXPECT_TRUE(buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format));
     return buffer.data();
 }
 
-/// A picture of that size, its left half red and its right half blue.
+/// A picture of that size, red on the left and blue on the right.
 QByteArray halves(int width, int height) {
     QImage image(2, 1, QImage::Format_RGB32);
     image.fill(Qt::red);
@@ -24,14 +24,14 @@ QByteArray halves(int width, int height) {
     return file(image.scaled(width, height), "PNG");
 }
 
-/// A picture with so many marks of a further scan behind its end.
+/// A picture with that many markers of further scans behind its end.
 QByteArray scans(int count) {
     QImage image(8, 8, QImage::Format_RGB32);
     image.fill(Qt::red);
     return file(image, "JPEG") + octets("FF DA 00 02").repeated(count - 1);
 }
 
-#if defined(__SANITIZE_ADDRESS__) || defined(__clang__) // a sanitizer takes memory of its own
+#if defined(__SANITIZE_ADDRESS__) || defined(__clang__) // sanitizers need memory of their own
 constexpr long MOST_KILOBYTES = std::numeric_limits<long>::max();
 #else
 constexpr long MOST_KILOBYTES = 300 * 1024;
@@ -49,7 +49,7 @@ protected:
             entry(octets("83 81 EA"), octets("8E") + zeroed("t.txt"),
                   "</p><script>alert(1)</script> & \"more\""),
             entry(zeroed("audio/midi"), octets("8E") + zeroed("s.mid"), "MThd"),
-            // 9 by 2 pixels, white and black rows
+            // 9 by 2 pixels, a white and a black row
             entry(octets("A1"), octets("8E") + zeroed("w.wbmp"), octets("00 00 09 02 FF 80 00 00")),
         };
         write("m.mms",
@@ -57,7 +57,7 @@ protected:
         return lummms(QStringList{"render", path("m.mms"), "--force", "-o", path(output)} + options);
     }
     QColor pixel(const QImage& image, int slide, int x, int y) const {
-        return image.pixelColor(6 + slide * 132 + x, 6 + y); // at --scale 1
+        return image.pixelColor(6 + slide * 132 + x, 6 + y); // with --scale 1
     }
 };
 
@@ -111,7 +111,7 @@ TEST_F(RenderTest, SlidesStandSideBySideWithTextsAndPlaceholders) {
         for (int x = 2; x < 118; ++x)
             inked += pixel(image, 0, x, y) != QColor(0, 255, 0);
     EXPECT_GT(inked, 200) << "the text is drawn";
-    for (const int slide : {0, 1, 3}) // broken, missing, more scans than are left
+    for (const int slide : {0, 1, 3}) // broken, missing, too many scans
         EXPECT_EQ(pixel(image, slide, 20, 180), QColor(238, 238, 238)) << "a placeholder in slide " << slide;
     EXPECT_GT(pixel(image, 4, 4, 164).red(), 250) << "as many scans as there are left";
     EXPECT_EQ(pixel(image, 2, 4, 160), QColor(Qt::white));

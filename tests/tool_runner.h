@@ -11,7 +11,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-/// What a run of lummms left behind.
+/// The result of running lummms.
 struct Outcome {
     int status;
     QByteArray out;
@@ -20,7 +20,7 @@ struct Outcome {
     QJsonObject json() const { return QJsonDocument::fromJson(out).object(); }
 };
 
-/// Runs the program; one that crashes, hangs or does not start gives the status -1.
+/// Runs the program; the status is -1 when it crashes, hangs or does not start.
 inline Outcome lummms(const QStringList& arguments, const QStringList& environment = {},
                       const QByteArray& input = {}) {
     QProcess process;
@@ -33,18 +33,18 @@ inline Outcome lummms(const QStringList& arguments, const QStringList& environme
             process.readAllStandardError()};
 }
 
-/// What the program is expected to show.
+/// The expected output.
 const QString SHOWN = QString(SOURCES) + "/tests/data/show/";
 
-/// A test with a directory of its own, and files in it.
+/// A test with a temporary directory and files in it.
 class ToolTest : public testing::Test {
 protected:
     QString path(const QString& name) const { return dir_.filePath(name); }
     QString write(const QString& name, const QByteArray& octets) const { return put(path(name), octets); }
     QByteArray read(const QString& name) const { return contents(path(name)); }
 
-    /// Expects that a message is shown to a person as in a file of tests/data/show, what differs from run to
-    /// run apart.
+    /// Expects that `show` prints a message as in a file of tests/data/show, except what differs between
+    /// runs.
     static void expectShown(const QStringList& arguments, const char* expected) {
         const Outcome run = lummms(QStringList("show") + arguments);
         EXPECT_TRUE(run.status == 0 && run.err.isEmpty()) << run.err.constData();
@@ -52,7 +52,7 @@ protected:
         EXPECT_EQ(QString(run.out).remove(varying), contents(SHOWN + QString(expected)))
             << run.out.constData();
     }
-    /// Expects wrong use: nothing but one line that names the cause.
+    /// Expects wrong usage: one line on standard error that names the cause.
     static void expectRefused(const QStringList& arguments, const char* cause) {
         const Outcome run = lummms(arguments);
         EXPECT_TRUE(run.status == 2 && run.out.isEmpty()) << qPrintable(arguments.join(' '));

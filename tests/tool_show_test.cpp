@@ -134,7 +134,7 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
 }
 
 TEST_F(ShowTest, ReadsPipesAndStandardInputToTheirEnd) {
-    const QByteArray large = message().replace("Hello", QByteArray(300'000, 'x')); // more than a pipe holds
+    const QByteArray large = message().replace("Hello", QByteArray(300'000, 'x')); // larger than a pipe
     const QString file = write("m.mms", large);
     const QByteArray expected = lummms({"show", "--json", file}).out;
     EXPECT_EQ(lummms({"show", "--json", "-"}, {}, large).out, expected);
@@ -148,14 +148,14 @@ TEST_F(ShowTest, ReadsPipesAndStandardInputToTheirEnd) {
 
 TEST_F(ShowTest, ALineOfJsonAnswersEachLine) {
     const QByteArray good = message().toBase64(), cut = message().chopped(1).toBase64();
-    // the line, the key or number of its answer, and what it says of errors
+    // the line, the key or number in its answer, and the error in it
     const std::tuple<QByteArray, const char*, const char*> rows[] = {
         {"k1\t" + good, "k1", ""},
         {good + "\r", "2", ""},
         {"", "3", "no message"},
         {"k 4\t", "k 4", "no message"},
         {"\t" + good, "", ""},
-        {"k\xC2\x85\t" + good.chopped(3), "k\xC2\x85", "status -19"}, // would end a line for some readers
+        {"k\xC2\x85\t" + good.chopped(3), "k\xC2\x85", "status -19"}, // a line end for some readers
         {"no base64!", "7", "base64"},
         {QByteArray("\0\xFF\xFE\t\0", 5), nullptr, "base64"},
         {"k\ta\tb", "k", "base64"},
@@ -180,7 +180,7 @@ TEST_F(ShowTest, ALineOfJsonAnswersEachLine) {
             const QJsonObject json = QJsonDocument::fromJson(answers[i], &wrong).object();
             EXPECT_EQ(wrong.error, QJsonParseError::NoError) << line.constData();
             EXPECT_EQ(json["error"].toString().isEmpty(), !*error) << answers[i].constData();
-            const bool isPhones = reading.contains("--phone"); // the other names errors in words of its own
+            const bool isPhones = reading.contains("--phone"); // the reading as sent has other error texts
             EXPECT_TRUE(!isPhones || json["error"].toString().contains(error)) << answers[i].constData();
             const QString number = QString::number(json["line"].toInt());
             EXPECT_TRUE(!key || (json.contains("line") ? number : json["key"].toString()) == key) << i;
@@ -199,7 +199,7 @@ TEST_F(ShowTest, LinesAreAnsweredAtOnceAndHeldInPart) {
     QProcess filter;
     filter.start(QStringLiteral(LUMMMS), {"show", "--json", "--lines"});
     const QByteArray line = "key\t" + message().toBase64() + '\n';
-    for (int i = 0; i < 3; ++i) { // each sent when the one before is answered
+    for (int i = 0; i < 3; ++i) { // each is sent after the answer to the one before
         filter.write(line);
         while (!filter.canReadLine())
             ASSERT_TRUE(filter.waitForReadyRead(30'000)) << "no answer to line " << i;

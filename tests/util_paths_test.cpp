@@ -6,7 +6,7 @@
 namespace {
 
 TEST(Util, takesNamesApart) {
-    // its path, file name, extension, and what is before the extension
+    // path, file name, extension, and the name without extension
     const std::tuple<const char*, const char*, const char*, const char*, const char*> rows[] = {
         {"  a\\b/c.txt ", "a\\b/", "c.txt", "txt", "  a\\b/c"},
         {"C:\\pics/x\\c. t.JPG ", "C:\\pics/x\\", "c. t.JPG", "JPG", "C:\\pics/x\\c. t"},

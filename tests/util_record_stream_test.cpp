@@ -20,7 +20,7 @@ QByteArray written(const Values& values, QDataStream::ByteOrder order) {
         writer.writeText(values.text);
         writer.writeBytes(values.bytes);
     }
-    EXPECT_EQ(stream.version(), QDataStream::Qt_5_6); // the caller's again
+    EXPECT_EQ(stream.version(), QDataStream::Qt_5_6); // the caller's version again
     EXPECT_EQ(stream.byteOrder(), order);
     return record;
 }

@@ -1,4 +1,4 @@
-# Tests of what the project offers as a whole: the examples, the documents, the interface, the installation.
+# Tests of examples, documents, interface and installation.
 
 file(GLOB examples CONFIGURE_DEPENDS examples/*.cpp)
 foreach(source ${examples})
@@ -30,7 +30,7 @@ else()
     add_test(NAME readme COMMAND ${readme})
 endif()
 
-# a program that is built without the sanitizers cannot use libraries that are built with them
+# a program built without the sanitizers cannot use libraries built with them
 if(NOT LUM_SANITIZE)
     add_test(NAME install COMMAND ${CMAKE_COMMAND} --install ${CMAKE_BINARY_DIR}
              --prefix ${CMAKE_BINARY_DIR}/installed)

@@ -1,18 +1,18 @@
 #pragma once
 
-// What the tests of the message as it was sent share.
+// Helpers for the tests of messages as they were sent.
 
 #include "tests/testing.h"
 
-/// An item as a line: name, value, and "!" for a problem or "?" for a note.
+/// An item as text: name, value, and "!" for a problem or "?" for a note.
 inline QString line(const MMS_WIRE_Item& item) {
     const char* const marks[] = {"", " ?", " !"};
     const QString value = item.valueText();
     return item.name() + (value.isEmpty() ? "" : ": ") + value + marks[item.severity()];
 }
 
-/// The items inside, one behind the other; those of a header's or a value's own structure only where one of
-/// them is marked.
+/// The items inside an item, one after another. Lengths, tokens and the like are left out unless one of them
+/// is marked.
 inline QString lines(const MMS_WIRE_Item& item) {
     QStringList all;
     for (const MMS_WIRE_Item inside : item) {
@@ -25,7 +25,7 @@ inline QString lines(const MMS_WIRE_Item& item) {
     return all.join(" | ");
 }
 
-/// How many octets the leaves cover, one behind the other; -1 when one is left out or taken twice.
+/// Octets that the leaves cover without gap or overlap; -1 if there is one.
 inline qsizetype covered(const MMS_WIRE_Item& item) {
     qsizetype at = item.offset();
     for (const MMS_WIRE_Item inside : item) {
@@ -36,7 +36,7 @@ inline qsizetype covered(const MMS_WIRE_Item& item) {
     return item.isLeaf() || at == item.offset() + item.length() ? item.length() : -1;
 }
 
-/// A reader with a message whose octets it keeps, which end exactly at the end of their allocation.
+/// A reader with a message whose octets it keeps. They end at the end of their allocation.
 struct Sent {
     explicit Sent(const QByteArray& pdu) : octets(pdu.begin(), pdu.end()) {
         isSound = reader.read(QByteArrayView(octets.data(), qsizetype(octets.size())));

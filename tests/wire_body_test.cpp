@@ -14,7 +14,7 @@ QByteArray message(const QList<QByteArray>& entries) {
     return pdu;
 }
 
-/// A part as a line: type, name, id, charset, encoding, disposition where there are any; then its payload.
+/// A part as text: type, name, id, and if present charset, encoding, disposition; then its payload.
 QString partLine(const MMS_WIRE_Part& part) {
     QStringList words{part.mediaType()};
     const std::pair<const char*, QString> rows[] = {{"name ", part.name()},
@@ -28,7 +28,7 @@ QString partLine(const MMS_WIRE_Part& part) {
     return words.join(", ") + ": " + QString::fromUtf8(part.content());
 }
 
-/// The one part with that head and data, "?" or "!" behind it for the worst mark in the message.
+/// The only part, with that head and data, followed by "?" or "!" for the worst fault in the message.
 QString partOf(const QByteArray& head, const QByteArray& data) {
     const Sent sent(message({entry(head, data)}));
     const QList<MMS_WIRE_Part> parts = sent.reader.parts();
@@ -133,7 +133,7 @@ TEST(WireBody, PayloadsAreDecoded) {
         {"\x9E" + base64, "", "", ""},
         {"\x9E" + printable, "a=3D=c3=A4=\r\nb=\nc", "a=\u00E4bc", ""},
         {"\x9E" + printable, "a=ZZ=", "a=ZZ=", " ?"},
-        {"\x83" + base64, "5A==", "\u00E4", ""}, // no UTF-8: taken as ISO-8859-1
+        {"\x83" + base64, "5A==", "\u00E4", ""}, // invalid UTF-8 is taken as ISO-8859-1
         {octets("03 83 81 84") + base64, "5A==", "\u00E4", ""},
         {octets("83"), "a\xC3\xA4", "a\u00E4", ""},
         {octets("83"), raw("ab\0"), "ab", ""},
@@ -153,7 +153,7 @@ TEST(WireBody, PayloadsAreDecoded) {
          "\u00E4"
          "A",
          ""},
-        {octets("03 9E 81 83"), "\xE4", "\xE4", ""}, // a picture is no text
+        {octets("03 9E 81 83"), "\xE4", "\xE4", ""}, // a picture has no charset
     };
     for (const auto& row : rows) {
         const Sent sent(message({entry(row.head, row.data)}));

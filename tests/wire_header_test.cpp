@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Reads a header that goes on behind the octets with a Priority; the lines of its items.
+/// Reads a header that ends with a Priority behind the octets; returns its items as text.
 QString headerLines(const QString& hex) {
     return lines(Sent(octets(qPrintable(hex)) + "\x8F\x81").reader.message())
         .replace(" | X-Mms-Priority: Normal", " | +");

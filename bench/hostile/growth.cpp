@@ -1,7 +1,8 @@
-// Times N and 4N octets of each kind of bad input: hostile [N [WORDS]], of those with WORDS in their name
+// Times the reading of N and 4N octets of each kind of bad input: hostile [N [WORDS]], where only the kinds
+// with WORDS in their name are read.
 //
-// Ends with 1 when four times the input takes more than six times as long (where it can be measured), or a
-// message of the usual greatest size more than half a second (drawing it three).
+// The exit status is 1 when four times the input takes more than six times as long (if that is long enough to
+// measure), or when a message of the usual largest size takes more than half a second (drawing it three).
 
 #include "bench/hostile/shapes.h"
 
@@ -14,17 +15,17 @@
 
 namespace {
 
-constexpr int usualSize = 75 * 1024; // a quarter of the greatest message
+constexpr int usualSize = 75 * 1024; // a quarter of the largest message
 constexpr double greatestRatio = 6;
-constexpr double measurable = 5; // milliseconds; below it a ratio says nothing
+constexpr double measurable = 5; // milliseconds; ratios of shorter times mean nothing
 
-/// The best of several rounds.
+/// The shortest time of several rounds.
 double milliseconds(const Shape& shape, int octets) {
     const QByteArray input = shape.make(octets);
     double best = 1e9;
     double total = 0;
     for (int round = 0; round < 20 && (round < 3 || total < 200); ++round) {
-        const std::clock_t begin = std::clock(); // of this process, whatever else the machine does
+        const std::clock_t begin = std::clock(); // of this process only
         shape.receive(input);
         const double took = 1000.0 * static_cast<double>(std::clock() - begin) / CLOCKS_PER_SEC;
         best = std::min(best, took);
@@ -37,7 +38,7 @@ double milliseconds(const Shape& shape, int octets) {
 
 int main(int argc, char** argv) {
     const int octets = std::max(argc > 1 ? std::atoi(argv[1]) : usualSize, 1024);
-    // memory once used stays the process's: what the kernel takes for giving it again is not measured
+    // memory once used is kept, so that the kernel's time for returning it is not measured
     mallopt(M_TRIM_THRESHOLD, 1 << 30);
     mallopt(M_MMAP_THRESHOLD, 1 << 30);
     bool fine = true;
@@ -50,7 +51,7 @@ int main(int argc, char** argv) {
             continue;
         double once = 1e9, fourTimes = 1e9, ratio = 0;
         bool grows = true;
-        for (int attempt = 0; grows && attempt < 5; ++attempt) { // a busy machine makes odd ratios
+        for (int attempt = 0; grows && attempt < 5; ++attempt) { // a busy machine distorts ratios
             once = std::min(once, milliseconds(shape, octets));
             fourTimes = std::min(fourTimes, milliseconds(shape, 4 * octets));
             ratio = fourTimes / std::max(once, 0.001);

@@ -22,7 +22,7 @@ void prepareDrawing() {
     Q_UNUSED(isPrepared);
 }
 
-/// Draws a message as `lummms render` does, in a picture and on a page.
+/// Draws a message like `lummms render`, as picture and as page.
 void drawMessage(const QByteArray& octets) {
     prepareDrawing();
     Message message;

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// A body of that many equal parts.
+/// A body of `count` equal parts.
 QByteArray body(int count, const QByteArray& part) {
     return QByteArray(1, static_cast<char>(count)) + part.repeated(count);
 }
@@ -17,7 +17,7 @@ QByteArray repeated(const QByteArray& piece, int size) {
     return piece.repeated(size / int(piece.size()));
 }
 
-/// The pieces between an opening and a closing.
+/// Repeats a piece between an opening and a closing.
 std::function<QByteArray(int)> series(const QByteArray& opening, const QByteArray& piece,
                                       const QByteArray& closing) {
     return [=](int octets) { return opening + repeated(piece, octets) + closing; };
@@ -36,7 +36,7 @@ void receiveBody(const QByteArray& octets) {
     MMS_COMP_SMILMultipartParser::parse(octets, &header, &parts);
 }
 
-/// Reads a presentation and writes it, its content in the parts of `parts`.
+/// Reads a presentation and writes it; `parts` has its content.
 void receiveSmil(const QByteArray& text, MMS_COMP_SMILMultipart& parts) {
     MMS_COMP_SMILData data(&parts);
     QArray<char> smil = text;
@@ -59,8 +59,8 @@ void receiveSmilOfOnePart(const QByteArray& text) {
     receiveSmil(text, parts);
 }
 
-/// As many parts as a body can have, with names as long as a message has room for beside the text. They
-/// begin alike and differ at their ends.
+/// As many parts as a body can have, with names as long as the message has room for beside the text. The
+/// names differ only at their ends.
 void receiveSmilOfLongNames(const QByteArray& text) {
     MMS_COMP_SMILMultipart parts;
     const QString begin = QString(250, u'\u00C9');
@@ -73,7 +73,7 @@ void receiveSlideRecord(const QByteArray& octets) {
     QDataStream stream(octets);
     MMS_COMP_SMILTimingContainer slide(nullptr);
     slide.readFromStream(stream);
-    slide.clear(); // the parts of a record are the reader's
+    slide.clear(); // the reader of a record owns its parts
 }
 
 void receivePartRecord(const QByteArray& octets) {
@@ -82,7 +82,7 @@ void receivePartRecord(const QByteArray& octets) {
     part.readFromStream(stream);
 }
 
-/// Many parts in a body of bodies; `headers(i)` are those of the i-th.
+/// Many parts in nested bodies; `headers(i)` are the headers of part i.
 QByteArray bodyOfBodies(int size, const std::function<QByteArray(int)>& headers) {
     QByteArray outer;
     int count = 0;
@@ -141,7 +141,7 @@ QByteArray manyRegions(int size) {
     return text + "</layout></head></smil>";
 }
 
-/// Half of the octets, where the other half of the message is the names of its parts.
+/// Half of the octets; the other half of the message is the names of its parts.
 std::function<QByteArray(int)> half(const std::function<QByteArray(int)>& make) {
     return [make](int octets) { return make(octets / 2); };
 }
@@ -294,7 +294,7 @@ std::vector<Shape> recordShapes() {
     };
 }
 
-/// Reads a message as it was sent, looks at every item, and fills record and container from it.
+/// Reads a message as it was sent, visits every item, and fills record and container from it.
 void receiveWire(const QByteArray& octets) {
     MMS_WIRE_Reader reader;
     reader.read(octets);

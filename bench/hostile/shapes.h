@@ -5,19 +5,19 @@
 #include <functional>
 #include <vector>
 
-/// One kind of bad input, and what a receiver would do with it.
+/// A kind of bad input, and how a receiver reads it.
 struct Shape {
     const char* name;
-    std::function<QByteArray(int)> make; ///< about that many octets of it
+    std::function<QByteArray(int)> make; ///< input of about that many octets
     std::function<void(const QByteArray&)> receive;
-    /// Whether it is made of body parts, whose number is bounded: then it may grow faster up to there.
+    /// Whether it is made of body parts, whose number is limited: below the limit it may grow faster.
     bool boundedByParts = false;
-    /// What a message of the usual greatest size may take.
+    /// The longest time for a message of the usual largest size.
     double longestMilliseconds = 500;
 };
 
-/// All kinds of bad input that are known to have hurt a decoder, this one or another.
+/// All kinds of bad input that are known to slow down a decoder.
 std::vector<Shape> badShapes();
 
-/// All that are known to have hurt a program that draws messages.
+/// All that are known to slow down drawing.
 std::vector<Shape> badPictures();

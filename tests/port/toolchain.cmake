@@ -1,4 +1,4 @@
-# The cross compiler for the processor whose name is in LUM_PORT_TRIPLET, and that processor's libraries.
+# The cross compiler for the processor in LUM_PORT_TRIPLET, and that processor's libraries.
 set(CMAKE_SYSTEM_NAME Linux)
 string(REGEX MATCH "^[^-]+" CMAKE_SYSTEM_PROCESSOR $ENV{LUM_PORT_TRIPLET})
 set(CMAKE_CXX_COMPILER $ENV{LUM_PORT_TRIPLET}-g++)

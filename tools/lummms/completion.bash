@@ -1,4 +1,4 @@
-# Completion of lummms for bash. The commands and their options are those that the help lists.
+# Completion of lummms for bash. Commands and options are taken from the help.
 
 _lummms_words() {
     if [ $# -eq 1 ]; then
@@ -25,5 +25,5 @@ _lummms() {
     fi
 }
 
-# everything else is the name of a file
+# anything else is a file name
 complete -o filenames -o default -F _lummms lummms

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// What stands where a field should begin, by its name if it has one, else by its first octet.
+/// What the octets at the place of a field are: its name if they have one, else the first octet.
 QString unknownField(unsigned char octet, const QString& name) {
     if (octet >= 0x20 && octet < 0x7F && !name.isEmpty())
         return QStringLiteral("header \"%1\"").arg(printableStart(name));
@@ -18,7 +18,7 @@ QString unknownField(unsigned char octet, const QString& name) {
     return QStringLiteral("%1 0x%2").arg(QLatin1String(octet & 0x80 ? "field" : "octet"), number);
 }
 
-/// Reads one field as MMS_UA_Decoder does.
+/// Reads a field like MMS_UA_Decoder.
 PhoneStep nextStep(LinearBuffer& buffer, MMS_UA_UAMsg& scratch) {
     PhoneStep step{buffer.getPosition(), 0, -1, false, QString()};
     const unsigned char first = *buffer.rest();

@@ -7,24 +7,24 @@ class Message;
 class MMS_WIRE_Item;
 class MMS_WIRE_Reader;
 
-/// How much a finding weighs.
+/// Severity of a finding.
 enum FINDING : int {
     FINDING_ERROR,   ///< the message is malformed, or something in it is lost
-    FINDING_WARNING, ///< off the rules: some receivers will read it otherwise
-    FINDING_PHONE,   ///< the phone makes something else of it than was sent
+    FINDING_WARNING, ///< a deviation from the standard that some receivers read differently
+    FINDING_PHONE,   ///< the phone reads something else than was sent
 };
 
-/// One thing that will go wrong with a message.
+/// A finding about a message.
 struct Finding {
     FINDING severity;
-    qint64 offset; ///< the octet in the PDU; -1 when it has no one place
-    QString what;  ///< a sentence without its full stop, fit for a terminal
+    qint64 offset; ///< position in the PDU; -1 without a single place
+    QString what;  ///< a sentence without a full stop and without control characters
 };
 
-/// All that will go wrong with a message that was read as it was sent. Reads its presentation.
+/// All findings about a message read as it was sent. Reads its presentation.
 QList<Finding> findingsIn(Message& message);
 
-// The pieces of it.
+// The parts of findingsIn().
 
 /// The header field behind Content-Type, where a malformed body should begin, read by `reader`; the null item
 /// when there is none.
