@@ -91,6 +91,7 @@ inline QByteArray message(const QByteArrayList& slides, const QByteArrayList& pa
 inline QByteArray named(int i) {
     return "p" + QByteArray::number(i);
 }
+
 constexpr int MOST_PARTS = 126; // plus the presentation: the most that both readings read alike
 
 /// That many parts with that type and those octets, each on a slide of its own.

@@ -261,7 +261,7 @@ TEST_F(PictureTest, MovingOnesStayAsTheyAre) {
     const Outcome run =
         lummms({"compose", "-o", path("m.mms"), "--to", "1", "--slide", "5", write("cat.gif", gif)},
                {"LUM_MMS_MAX_SIZE_KB=1"});
-    EXPECT_TRUE(run.status == 2 && run.err.contains("cat.gif") && run.err.contains("moving picture"))
+    EXPECT_TRUE(run.status == 2 && run.err.contains("cat.gif") && run.err.contains("animation"))
         << run.err.constData();
 }
 

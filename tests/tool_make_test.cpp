@@ -204,6 +204,7 @@ TEST_F(ToolTest, UnpackTakesWhatIsAskedFor) {
               "4  text/plain  5 octets  file0.txt\n");
     expectRefused({"unpack", file}, "DIR is missing");
     expectRefused({"unpack", "-o", "-", file}, "one --part");
+
     ASSERT_TRUE(QDir(path("")).mkpath("out/a.txt")); // not replaced; the others are written
     write("target.txt", "before");
     ASSERT_TRUE(QFile::link(path("target.txt"), path("out/a_0.txt")));

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Plays the page of `lummms render` in a browser.
+"""Tests the page of `lummms render` in a browser.
 
 Usage: render_page_test.py PATH-OF-LUMMMS
 
@@ -71,7 +71,7 @@ class Browser:
         self.request("POST", self.session + "/element/" + next(iter(found.values())) + "/click", {})
 
     def command(self, name, **parameters):
-        """A command of the browser's own protocol, for what WebDriver lacks."""
+        """Sends a command of the DevTools protocol, which WebDriver has no equivalent for."""
         return self.request("POST", self.session + "/goog/cdp/execute", {"cmd": name, "params": parameters})
 
     def close(self):
@@ -122,7 +122,7 @@ class RenderedPage(unittest.TestCase):
         return self.path(name)
 
     def open(self, *slides, options=()):
-        """Opens the page of a message with such slides, or of a text and a picture for each duration."""
+        """Opens the page of a message with these slides; a duration stands for a slide of a text and a picture."""
         command = [LUMMMS, "compose", "--force", "-o", self.path("m.mms"), "--to", "+15550102", "--subject", MARKUP]
         for number, slide in enumerate(slides, 1):
             if isinstance(slide, str):
@@ -133,7 +133,7 @@ class RenderedPage(unittest.TestCase):
         self.browser.open(self.path("m.html"))
 
     def shown(self):
-        """The numbers of the slides that are to be seen."""
+        """The numbers of the visible slides."""
         return self.browser.run("return [...document.querySelectorAll('.slide')].map((s, i) => "
                                 "s.offsetParent ? i + 1 : 0).filter(n => n)")
 

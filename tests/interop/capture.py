@@ -1,4 +1,4 @@
-"""Messages in a capture file, as a phone posts them to its relay, and what tshark reads in them."""
+"""Writes messages to a capture file, posted as a phone posts them, and reads it with tshark."""
 
 import json
 import os
@@ -12,14 +12,14 @@ PUSH_ACK = 0x18
 
 
 def packet(port, sequence, octets):
-    """One segment from 192.0.2.1 to the HTTP port of 192.0.2.2."""
+    """A TCP segment from 192.0.2.1 to the HTTP port of 192.0.2.2."""
     tcp = struct.pack(">HHIIBBHHH", port, 80, sequence, 1, 5 << 4, PUSH_ACK, 65535, 0, 0) + octets
     return struct.pack(">BBHHHBBH4B4B", 0x45, 0, 20 + len(tcp), 0, 0, 64, TCP, 0,
                        192, 0, 2, 1, 192, 0, 2, 2) + tcp
 
 
 def write(path, messages):
-    """Writes a capture of the messages, each posted over a connection of its own to its place in the list."""
+    """Writes a capture of the messages, each posted over its own connection, with its index in the list as URL."""
     with open(path, "wb") as file:
         file.write(struct.pack("<IHHiIII", 0xA1B2C3D4, 2, 4, 0, 0, 65535, RAW_IP))
         for place, octets in enumerate(messages):
@@ -37,13 +37,13 @@ def tshark(path, *arguments):
 
 
 def complaints(path):
-    """What tshark finds malformed or wrong."""
+    """What tshark reports as malformed or wrong."""
     wrong = '_ws.malformed || _ws.short || mmse.oversized_uintvar || _ws.expert.severity >= "Warning"'
     return tshark(path, "-Y", wrong, "-T", "fields", "-e", "http.request.uri", "-e", "_ws.expert.message").decode()
 
 
 def read(path):
-    """What tshark makes of each message, by its place: fields by tshark's names, "NAME_raw" with their octets."""
+    """What tshark reads of each message, by index: fields by tshark's names, with their octets as "NAME_raw"."""
     shown = json.loads(tshark(path, "-Y", "mmse", "-J", "mmse http", "-x", "-T", "json", "--no-duplicate-keys"))
     layers = [frame["_source"]["layers"] for frame in shown]
     return {int(layer["http"]["http.request.full_uri"].rpartition("/")[2]): layer["mmse"] for layer in layers}

@@ -1,18 +1,18 @@
-"""The header fields that tshark and lummms both know, in one form: that of `lummms show --json`."""
+"""Converts the header fields that tshark prints to the form of `lummms show --json`."""
 
 import datetime
 import re
 
 
 class Difference(Exception):
-    """tshark prints something else than the octets that it read say."""
+    """What tshark prints differs from the octets that it read."""
 
 
 CHARSETS = {3: "ascii", 4: "latin-1", 106: "utf-8"}  # by their IANA numbers
 
 
 def encoded_text(octets):
-    """A Text-string, or an Encoded-string-value: its length, its charset, its octets. The text, and the charset."""
+    """Reads a Text-string or an Encoded-string-value (length, charset, text); returns the octets and the charset."""
     charset, at = 106, 0
     if octets[0] < 0x20:
         length, at = (octets[0], 1) if octets[0] < 31 else uintvar(octets, 1)
@@ -31,9 +31,9 @@ def uintvar(octets, at):
 
 
 def value(shown, octets):
-    """tshark takes all texts for ASCII: what it prints must be that, and what the octets say is the text.
+    """Reads a text from its octets and checks what tshark prints, which treats all texts as ASCII.
 
-    None for a text in a charset that is not known.
+    None for a text in an unknown charset.
     """
     raw, charset = encoded_text(octets)
     if charset is None:
@@ -48,13 +48,13 @@ def text(shown, octets):
 
 
 def address(shown, octets):
-    """An address, its type left out where it is a phone number's."""
+    """An address, without the type suffix of a phone number."""
     whole = text(shown, octets)
     return whole and whole.removesuffix("/TYPE=PLMN")
 
 
 def sender(shown, octets):
-    """Length, token, and an address; none if the network is to insert it."""
+    """Reads length, token and address; empty if the network is to insert the address."""
     length, at = (octets[1], 2) if octets[1] < 31 else uintvar(octets, 2)
     assert at + length == len(octets), octets
     return "" if octets[at] == 0x81 else address(shown, octets[at:])
@@ -82,7 +82,7 @@ def moment(shown, _):
     return datetime.datetime.strptime(re.sub(" +", " ", shown), form).isoformat() + "Z"
 
 
-# our name of a field, tshark's, and how to read what it prints
+# our name of a field, tshark's name, and the reader for what tshark prints
 FIELDS = [
     ("messageType", "message_type", number),
     ("transactionId", "transaction_id", text),
@@ -123,7 +123,7 @@ OTHER_CODES = {0x0E: "messageSize", 0x19: "retrieveStatus", 0x1A: "retrieveText"
 
 
 def of_tshark(message):
-    """The fields that tshark printed, in our form; the first of each where there is to be one."""
+    """The fields that tshark printed, in our form; the first of each that may only occur once."""
     fields = {}
     for name, known, reader in FIELDS:
         shown, raw = message.get("mmse." + known), message.get(f"mmse.{known}_raw")
@@ -138,7 +138,7 @@ def of_tshark(message):
 
 
 def of_lummms(shown):
-    """The same fields of what `lummms show --json` printed."""
+    """The same fields from `lummms show --json`."""
     def whole(entry):
         if entry["type"] == 2:
             return ""
@@ -157,7 +157,7 @@ def of_lummms(shown):
 
 
 def parts(message):
-    """What tshark read of the parts: type, names and all octets."""
+    """The parts that tshark read: type, names and octets."""
     body = message["wsp.post.data"]["Multipart body"]
     tree, raw = body["wsp.multipart_tree"], body["wsp.multipart_raw"]
     if not isinstance(tree, list):

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Has tshark read what lummms writes, and lummms what tshark reads.
+"""Compares lummms and tshark: both read the messages that lummms writes and those in the folders.
 
 Usage: interop_test.py PATH-OF-LUMMMS FOLDER-OF-MESSAGES...
 
@@ -79,7 +79,7 @@ class Interop(unittest.TestCase):
         return run.stdout
 
     def tshark(self, messages):
-        """What tshark makes of the messages, which are to be in order."""
+        """What tshark reads of the messages, after checking that it reports no error."""
         path = self.directory / "capture.pcap"
         capture.write(path, messages)
         self.assertEqual(capture.complaints(path), "")

@@ -19,7 +19,7 @@ def gif():
 
 
 def jpeg():
-    """Head, comment and end of a picture: what a reader of its markers follows."""
+    """The beginning, a comment and the end of a JPEG: enough for a reader of its markers."""
     return (b"\xff\xd8" + b"\xff\xe0\0\x10JFIF\0\1\1\0\0\1\0\1\0\0" + b"\xff\xfe\0\7small" + b"\xff\xd9")
 
 
@@ -54,7 +54,7 @@ NAMES = ["lake", "Grüße", "Привет", "Ελλάδα", "שלום", "مرح�
 
 
 def write(directory):
-    """Writes a file of each, its name in one script after the other; the names."""
+    """Writes a file of each type, with names in different scripts; returns the names."""
     for place, (suffix, (_, octets)) in enumerate(MEDIA.items()):
         name = f"{NAMES[place % len(NAMES)]}{suffix}"
         (directory / name).write_bytes(octets)

@@ -23,7 +23,7 @@ constexpr Word BODY_STATUSES[] = {
 constexpr Word SMIL_STATUSES[] = {
     {-1, "the file cannot be opened"},
     {-6, "there is no text"},
-    {-7, "the root layout cannot be kept"},
+    {-7, "the root layout cannot be stored"},
     {-8, "not well-formed XML"},
     {-9, "the root element is not \"smil\""},
     {-10, "a head behind the body"},
@@ -31,11 +31,11 @@ constexpr Word SMIL_STATUSES[] = {
     {-12, "a second head"},
     {-15, "no memory for a slide"},
     {-16, "nested too deep"},
-    {2, "a region cannot be kept"},
+    {2, "a region cannot be added"},
 };
 
 constexpr Word SMIL_WARNINGS[] = {
-    {1, "an element was passed over that has no place there"},
+    {1, "an element was skipped that is not allowed there"},
     {3, "a media element was left out because its content is missing"},
 };
 

@@ -103,9 +103,9 @@ Command composeCommand() {
         QStringLiteral("KIND is one of %1.\n").arg(kindWords()) +
             "Fields that the kind does not have are refused, and fields that it must have are required.\n"
             "Only send-req and retrieve-conf have slides and attachments.\n"
-            "An ADDRESS with \"@\" is an e-mail address, any other a phone number. A MOMENT is in ISO 8601,\n"
-            "without a zone in local time; a TIME is a number of seconds from now or a MOMENT. CLASS,\n"
-            "PRIORITY and STATUS may also be numbers from 128 to 255.\n"
+            "An ADDRESS with \"@\" is an e-mail address, any other a phone number. A DATE is a date and\n"
+            "time in ISO 8601, local time unless it has a zone. A TIME is a number of seconds from now, or\n"
+            "a DATE. CLASS, PRIORITY and STATUS may also be numbers from 128 to 255.\n"
             "A slide is shown for DURATION (5 or 5s, 800ms, 1min, indefinite) and holds at most one\n"
             "text, one picture or video and one sound. An ITEM is a file, or text:WORDS.\n"
             "If the message is larger than 300 KB (or than the environment variable LUM_MMS_MAX_SIZE_KB),\n"

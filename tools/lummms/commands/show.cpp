@@ -136,8 +136,7 @@ QString partsForPerson(Message& message) {
     if (message.result || !message.header.fieldsPresent(presenceBit(FIELD_CONTENT_TYPE)))
         return QString();
     if (!message.hasBody)
-        return QStringLiteral("\nBody: %1 that are not made of parts\n")
-            .arg(counted(message.bodyLength(), "octet"));
+        return QStringLiteral("\nBody: %1, not a multipart\n").arg(counted(message.bodyLength(), "octet"));
     const QList<MMS_WIRE_Part> sent = message.wire().parts();
     QList<Row> rows;
     const int count = message.body.getPartCount();

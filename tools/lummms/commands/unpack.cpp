@@ -131,7 +131,7 @@ bool Unpacker::writeOne(const QString& path, const QList<NumberedPart>& parts) c
     if (parts.size() == 1)
         return writeOutput(line_, parts.first().part->getBodyData());
     if (!parts.isEmpty()) // a missing part was reported already
-        complain(path, QStringLiteral("'%1' are %2; take one by its number")
+        complain(path, QStringLiteral("'%1' names %2; give the number of one")
                            .arg(line_.options.value("part"), counted(parts.size(), "part")));
     return false;
 }

@@ -43,7 +43,7 @@ constexpr FieldOption FIELD_OPTIONS[] = {
     {"bcc", FIELD_BCC, "ADDRESS", "A recipient of a copy whom the others do not see.",
      [](Header h, Value v) { addAddress(v, [&h](MMS_UTIL_Entry& bcc) { h.addBccRecipient(bcc); }); }},
     {"subject", FIELD_SUBJECT, "TEXT", "The subject.", [](Header h, Value v) { h.setSubject(v.text()); }},
-    {"date", FIELD_DATE, "MOMENT",
+    {"date", FIELD_DATE, "DATE",
      "When the message was sent, such as 2026-11-21T10:00:00Z; the default is now.",
      [](Header h, Value v) { h.setSendTime(v.moment()); }},
     {"class", FIELD_MESSAGE_CLASS, "CLASS", "personal, advertisement, informational or auto.",

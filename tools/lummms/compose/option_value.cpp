@@ -87,7 +87,7 @@ unsigned char OptionValue::version() {
     static const QRegularExpression form("^([1-7])\\.([0-9]|1[0-4])\\z");
     const QRegularExpressionMatch match = form.match(typed_);
     if (!match.hasMatch())
-        refuse(QStringLiteral("is no version such as 1.0"));
+        refuse(QStringLiteral("is not a version such as 1.0"));
     return static_cast<unsigned char>(match.captured(1).toUInt() << 4 | match.captured(2).toUInt());
 }
 
@@ -102,7 +102,7 @@ QDateTime OptionValue::moment() {
     const QDateTime time = isoTime(typed_);
     const qint64 seconds = time.toSecsSinceEpoch();
     if (!time.isValid())
-        refuse(QStringLiteral("is no moment such as 2026-11-21T10:00:00Z"));
+        refuse(QStringLiteral("is not a date and time such as 2026-11-21T10:00:00Z"));
     else if (seconds < 0 || seconds > std::numeric_limits<quint32>::max())
         refuse(QStringLiteral("is not between the years 1970 and 2106"));
     return time;
@@ -114,13 +114,13 @@ unsigned int OptionValue::secondsToCome() {
     const QDateTime time = isoTime(typed_);
     const qint64 seconds = QDateTime::currentDateTime().secsTo(time);
     if (!time.isValid())
-        refuse(QStringLiteral("is neither a number of seconds from 0 to %1, nor a moment such as "
+        refuse(QStringLiteral("is neither a number of seconds from 0 to %1, nor a date such as "
                               "2026-11-21T10:00:00Z")
                    .arg(MOST_SECONDS));
     else if (seconds < 0)
         refuse(QStringLiteral("is past"));
     else if (seconds > MOST_SECONDS)
-        refuse(QStringLiteral("is too far away"));
+        refuse(QStringLiteral("is too far in the future"));
     return static_cast<unsigned int>(seconds);
 }
 

@@ -57,7 +57,7 @@ SmallerPicture::SmallerPicture(const QArray<char>& octets, const MediaType& type
     const PictureHeader header = readPictureHeader(part);
     sizeBefore_ = header.size;
     if (isAnimated(header)) {
-        cause_ = QStringLiteral("a moving picture is not made smaller");
+        cause_ = QStringLiteral("an animation is not made smaller");
         return;
     }
     const QSize size = sizeIn(STEPS[0], header.size);

@@ -60,7 +60,7 @@ QString localTime(const QDateTime& time) {
 /// The phone does not store when a message was sent.
 QString dateOf(const Message& message) {
     return localTime(message.header.getSendTime()) +
-           (message.reading() == READING_PHONE ? QStringLiteral(" (moment of reading)") : QString());
+           (message.reading() == READING_PHONE ? QStringLiteral(" (time of reading)") : QString());
 }
 
 /// Expiry is stored in seconds from now; for a time in the past as a very large unsigned number. A date sent
@@ -166,10 +166,9 @@ QStringList remarksOnHeader(const Message& message) {
     for (const int code : missingFields(message))
         missing += fieldName(code);
     if (!missing.isEmpty())
-        remarks += QStringLiteral("fields are missing that such a message must have: ") +
-                   missing.join(QStringLiteral(", "));
+        remarks += QStringLiteral("mandatory fields are missing: ") + missing.join(QStringLiteral(", "));
     if (!(sent ? message.wire().isFieldOrderCorrect() : message.header.pduOrderCheck()))
-        remarks += QStringLiteral("the fields are not in the order that is asked for: Message-Type, "
+        remarks += QStringLiteral("the fields are not in the required order: Message-Type, "
                                   "Transaction-Id and MMS-Version first, Content-Type last");
     if (sent)
         return remarks;

@@ -94,7 +94,7 @@ QByteArray answerToLine(const QByteArray& line, qint64 number, READING reading, 
         QByteArray::AbortOnBase64DecodingErrors);
     status = EXIT_MALFORMED;
     if (!decoded)
-        return answer(origin, {}, QStringLiteral("the message is not in base64"));
+        return answer(origin, {}, QStringLiteral("the message is not base64"));
     if (decoded.decoded.isEmpty())
         return answer(origin, {}, QStringLiteral("the line has no message"));
     Message message(reading);

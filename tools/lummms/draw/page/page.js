@@ -1,7 +1,7 @@
 
 "use strict";
 
-// Plays the slides: each for its duration, 5 seconds when none was given; one without an end waits.
+// Plays the slides: each for its duration, 5 seconds when it has none; a slide without end waits for the user.
 
 const UNTIL_USER = -2, USUAL = 5000;
 const byId = id => document.getElementById(id);
@@ -11,7 +11,7 @@ let current = 0;
 let playing = true;
 let clock = null; // the bar's animation, which lasts as long as the slide
 
-// Contents: each stands in the page once, and slides and links share one URL of it.
+// Contents: each is in the page once; slides and links share its URL.
 
 const urls = new Map();
 
@@ -43,12 +43,12 @@ function gap(content, why) {
     return frame;
 }
 
-// How each kind of object is filled.
+// How the elements of each kind of object are filled.
 const fillings = {
     text(object, content) {
         const words = element("p", "words", content.textContent.replace(/\r\n?/g, "\n"));
         object.append(words);
-        if (words.scrollHeight > words.clientHeight) { // scrolled by keys, too
+        if (words.scrollHeight > words.clientHeight) { // can be scrolled by keys
             words.tabIndex = 0;
             words.setAttribute("role", "group");
             words.setAttribute("aria-label", content.dataset.name);
@@ -117,7 +117,7 @@ function playMedia() {
     byId("sound").hidden = true;
     for (const media of mediaOf(slides[current]))
         media.play().catch(error => {
-            if (error.name === "NotAllowedError") // not before the user has done something
+            if (error.name === "NotAllowedError") // no sound before a user action
                 byId("sound").hidden = false;
         });
 }
@@ -191,7 +191,7 @@ const actions = {
     " ": togglePlaying,
 };
 
-// Whether what has the focus does something of its own with a key.
+// Whether the focused element handles the key itself.
 function isUsed(target, key) {
     if (target.closest("audio, video"))
         return true;
