@@ -156,17 +156,18 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         {octets("8C 80 98") + zeroed("T") + octets("8D 90 89 01 81") + BODY, 1,
          "error    a recipient (To, Cc or Bcc) is missing, which an m-send-req must have\n"},
         {octets("98") + zeroed("T") + octets("8D 90"), 1, "error    Message-Type is missing\n"},
-        {DATE + FRONT + BODY, 1, "warning  octet 0: Date stands where Message-Type belongs: "},
+        {DATE + FRONT + BODY, 1, "warning  octet 0: Date is in the place of Message-Type: "},
         {FRONT + DATE + octets("84 83 96") + zeroed("Hi"), 0, ""},
         {FRONT + DATE + octets("84 A3 96") + zeroed("Hi"), 1,
-         "error    octet 16: Content-Type is not the last field: Subject stands behind it\n"},
+         "error    octet 16: Content-Type is not the last field: Subject follows\n"},
         {FRONT + DATE + octets("84 A3"), 1,
          "error    octet 16: nEntries: the octets end inside the number\n"},
         {smil("cid:pic", "no.jpg"), 1,
          "error    presentation, line 1: no part is \"no.jpg\"\nwarning  octet 350: nothing refers to part "
          "3, \"p.jpg\"\n"},
         {FRONT + DATE + related(SMIL, {TEXT, PICTURE, TEXT}), 1,
-         "warning  octet 372: parts 2 and 4 have one name, \"a.txt\"\nwarning  octet 372: nothing refers to "
+         "warning  octet 372: parts 2 and 4 have the same name, \"a.txt\"\nwarning  octet 372: nothing "
+         "refers to "
          "part 4, "
          "\"a.txt\"\n"},
         {smil("top='100'", "top='101'"), 1,
@@ -174,7 +175,7 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         {smil("<body>", "\n<bod>"), 1,
          "error    presentation: not well-formed XML (status -8), line 2, column "},
         {FRONT + DATE + octets("84 83") + QByteArray(400 * 1024, 'x'), 1,
-         "error    the message has 409616 octets, more than the 307200 of the limit\n"},
+         "error    the message has 409616 octets, more than the limit of 307200\n"},
         {FRONT + DATE + octets("99 80 8B") + zeroed("id") + octets("96") + zeroed("Hi") + octets("8F 81") +
              BODY,
          0,
@@ -186,7 +187,7 @@ TEST_F(ReadingTest, ChecksFindEachThingOnce) {
         {FRONT + DATE + octets("84 A3 01") + entry(octets("83 81 84"), octets("8E") + named, "\xE4"), 0, ""},
         {FRONT + DATE + octets("84 A3 01") +
              entry(octets("83"), octets("8E") + named + octets("C8") + zeroed("base64"), "SGk="),
-         0, "phone    octet 17: the phone reads the data of part 1 otherwise: it does not undo base64\n"},
+         0, "phone    octet 17: the phone reads the data of part 1 differently: it does not decode base64\n"},
         {FRONT + DATE +
              related(SMIL, {TEXT, entry(octets("9E"), zeroed("Content-ID") + zeroed("\"<pic>"), "x")}),
          0,

@@ -1,4 +1,4 @@
-// Values made of several: those that begin with a length, media types and their parameters.
+// Values of several parts: values with a length, media types and their parameters.
 
 #include "wire/media.h"
 #include "wire/text.h"
@@ -13,7 +13,7 @@ constexpr int addressToken = 128, insertAddressToken = 129;
 
 } // namespace
 
-/// Takes a length: what it states, and how many octets of that there are.
+/// Takes a length; returns how many octets there are of the stated number.
 qsizetype ValueReader::takeLength(quint64* stated, quint32* marks) {
     *stated = data_[at_++];
     if (*stated == ValueOctet::lengthQuote && !takeUintvar(stated)) {
@@ -27,9 +27,8 @@ qsizetype ValueReader::takeLength(quint64* stated, quint32* marks) {
     return static_cast<qsizetype>(*stated);
 }
 
-/// Reads a value that states its length: an item with the code in front, if there is one, the length, and
-/// what `readInside` finds within it. `readInside` gets the item's index and says whether the value has its
-/// form.
+/// Reads a value with a length: an item with the code in front, if there is one, the length, and what
+/// `readInside` reads. `readInside` gets the item's index and returns whether the value has its form.
 template <typename Inside>
 bool ValueReader::readWithLength(quint16 what, qsizetype from, Inside readInside) {
     if (next() == 0 || next() > ValueOctet::lengthQuote)
@@ -57,7 +56,7 @@ bool ValueReader::readCompound(quint16 what, qsizetype from, std::initializer_li
             const bool fits = component.form == FORM_PARAMETERS ? readParameters()
                                                                 : read(component.form, component.what, at_);
             if (!fits) {
-                readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE); // the mark is where it went wrong
+                readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE); // the problem is marked already
                 return false;
             }
         }
@@ -65,7 +64,7 @@ bool ValueReader::readCompound(quint16 what, qsizetype from, std::initializer_li
     });
 }
 
-/// Takes the rest of a value that turns out not to have its form.
+/// Takes the rest of a value that does not have its form.
 bool ValueReader::giveUp(quint32 index) {
     tree_.mark(index, MARK_FORM);
     readRest(WIRE_REST, MMS_WIRE_Item::OCTETS, MARK_NONE);

@@ -106,7 +106,7 @@ bool ValueReader::readForm(WIRE_FORM form, quint16 what, qsizetype from) {
     case FORM_ELEMENT:
         return readCompound(what, from, {{FORM_TEXT, WIRE_TEXT}, {FORM_PARAMETERS, 0}});
     case FORM_DISPOSITION:
-        if (what == WIRE_VALUE && next() >= ValueOctet::firstText) // by name, many write it as MIME does
+        if (what == WIRE_VALUE && next() >= ValueOctet::firstText) // by name, usually sent as MIME text
             return readAny(what, from);
         return readCompound(what, from, {{FORM_CLASS, WIRE_DISPOSITION}, {FORM_PARAMETERS, 0}});
     case FORM_LENGTH_DATE:
@@ -130,8 +130,8 @@ bool ValueReader::takeUintvar(quint64* value) {
     return false;
 }
 
-/// Takes a short or a long integer, which saturates. False, and nothing is taken, for anything else and for
-/// one that is cut off.
+/// Takes a Short-integer or a Long-integer; the largest value for one beyond 64 bits. False, and nothing
+/// taken, for anything else and for one that is cut off.
 bool ValueReader::takeInteger(quint64* value) {
     if (!beginsInteger())
         return false;
@@ -187,7 +187,7 @@ quint32 ValueReader::addText(quint16 what, qsizetype from, const TextPlace& plac
     return tree_.add(what, MMS_WIRE_Item::TEXT, from, place.packed(), marks);
 }
 
-/// Reads a text up to its zero, with the quotes that may be in front and, of a quoted one, behind.
+/// Reads a text up to its zero, with an opening quote and, in a quoted text, the closing one.
 bool ValueReader::readText(quint16 what, qsizetype from, int charset, bool isQuoted) {
     if (unitSize(charset) > 1)
         return readWideText(what, from, charset);
@@ -210,12 +210,12 @@ bool ValueReader::readText(quint16 what, qsizetype from, int charset, bool isQuo
     return true;
 }
 
-/// Reads a text of 16-bit or 32-bit units, which fills a length; its closing zero is a unit, too.
+/// Reads a text of 16-bit or 32-bit units to the end of its length; its closing zero is a unit.
 bool ValueReader::readWideText(quint16 what, qsizetype from, int charset) {
     const int unit = unitSize(charset);
     const QByteArrayView octets = tree_.octets().sliced(at_, left());
     TextPlace place = {charset, static_cast<int>(at_ - from), 0};
-    // a character can begin with the octet 127, too
+    // the octet 127 can also be the first of a character
     const bool isMarked = octets.sliced(std::min<qsizetype>(1, octets.size())).startsWith("\xFE\xFF") ||
                           octets.sliced(std::min<qsizetype>(1, octets.size())).startsWith("\xFF\xFE");
     qsizetype begin = 0;
@@ -235,7 +235,7 @@ bool ValueReader::readWideText(quint16 what, qsizetype from, int charset) {
         place.tail = unit;
     } else {
         marks |= MARK_NO_ZERO;
-        if (isZero(rest)) // some senders close it like any other text
+        if (isZero(rest)) // some senders write a zero of one octet
             place.tail = static_cast<int>(rest);
         else
             end += rest;
@@ -290,7 +290,7 @@ bool ValueReader::readAny(quint16 what, qsizetype from) {
     return true;
 }
 
-/// Steps over a value of another form than expected, by its own form.
+/// Skips a value that is not of the expected form, by its own form.
 bool ValueReader::readMisfit(quint16 what, qsizetype from) {
     const quint32 index = tree_.size();
     readAny(what, from);

@@ -3,27 +3,27 @@
 #include "wire/fields.h"
 #include "wire/tree.h"
 
-// Values of header fields, parts' headers and parameters (WSP, section 8.4; MMS encapsulation, section 7.2).
+// Values of header fields, part headers and parameters (WSP, section 8.4; MMS encapsulation, section 7.2).
 
-/// The octets that tell the forms of values apart.
+/// The octets that distinguish the forms of values.
 namespace ValueOctet {
 constexpr int lengthQuote = 31; // a uintvar with the length follows
 constexpr int firstText = 32;
-constexpr int quote = 127; // in front of a text that would begin with 128 or more
+constexpr int quote = 127; // in front of a text whose first octet is 128 or more
 constexpr int highBit = 0x80;
 constexpr int lowBits = 0x7F;
 } // namespace ValueOctet
 
-/// Whether a WIRE_WHAT is a parameter's.
+/// Whether a WIRE_WHAT is a parameter.
 constexpr bool isParameter(quint16 what) {
     return what >= WIRE_PARAMETER && what < WIRE_MESSAGE;
 }
 
 /// Reads values from the octets of a tree into items, up to a limit.
 ///
-/// Each reading operation adds exactly the items for the octets it passes, from `from` on (a code in front of
-/// the value, or where the value begins), and goes on behind them. Those that read a form give whether the
-/// value has it.
+/// Each reading operation adds items for exactly the octets that it consumes. They begin at `from`, the
+/// position of a code in front of the value or of the value itself. Operations that read a form return
+/// whether the value has it.
 class ValueReader {
 public:
     explicit ValueReader(WireTree& tree)
@@ -37,8 +37,8 @@ public:
     qsizetype left() const { return end_ - at_; }
     void goTo(qsizetype at) { at_ = at; }
 
-    /// Reads no further than some octets from here for as long as it lives, and goes to their end then: what
-    /// was not needed becomes an item.
+    /// While it exists, reading ends `octets` octets from here. At its end it moves there and adds unread
+    /// octets as an item.
     class Limit {
     public:
         Limit(ValueReader& reader, qsizetype octets, bool isValue);
@@ -54,17 +54,18 @@ public:
 
     /// Reads a value of that form.
     bool read(WIRE_FORM form, quint16 what, qsizetype from);
-    /// Reads a header by name: a text and then a value, of the form that `known` gives for the name, if it is
-    /// not null, or by its first octet.
+    /// Reads a header sent by name: a text, then a value. Its form is the one that `known` has for the name,
+    /// or depends on the first octet when `known` is null or has none.
     void readNamed(const MMS_WIRE_Field* (*known)(QByteArrayView name));
-    /// Takes the octets that no header or parameter can begin with, as one item.
+    /// Takes octets with which no header or parameter begins, as one item.
     void readStray();
-    /// Takes a uintvar, which saturates; no item is added. False when the octets end inside it, or before.
+    /// Takes a uintvar without adding an item; the largest value for one beyond 64 bits. False when the input
+    /// ends before or inside it.
     bool takeUintvar(quint64* value);
-    /// Takes all octets that are left, if there are any, as one item.
+    /// Takes the remaining octets, if any, as one item.
     void readRest(quint16 what, MMS_WIRE_Item::KIND kind, quint32 marks);
 
-    /// The type of message, which some fields depend on; 0 as long as it is not known.
+    /// The message type, on which the form of some fields depends; 0 until it is known.
     int messageType() const { return messageType_; }
     void setMessageType(int type) { messageType_ = type; }
     WireTree& tree() const { return tree_; }
@@ -106,6 +107,6 @@ private:
     const unsigned char* data_;
     qsizetype at_ = 0;
     qsizetype end_;
-    bool isInValue_ = false; // the limit is the length that a value states of itself
+    bool isInValue_ = false; // the limit is the stated length of a value
     int messageType_ = 0;
 };

@@ -30,10 +30,10 @@ QList<Finding> findingsIn(Message& message);
 /// when there is none.
 MMS_WIRE_Item fieldBehindContentType(const Message& message, MMS_WIRE_Reader& reader);
 
-/// Octets, fields and their order, names of parts, size.
+/// Octets, fields and their order, part names, size.
 QList<Finding> findingsInOctets(const Message& message);
-/// References, regions and markup, once the presentation was read.
+/// References, regions and markup; after the presentation was read.
 QList<Finding> findingsInPresentation(const Message& message);
-/// Every difference between what was sent and what the phone reads, but for the Date, which it replaces
-/// always, the names of charsets and the layout. Once the presentation was read.
+/// Every difference between the message as sent and in the phone's reading, except the Date, which the phone
+/// always replaces, the names of charsets, and the layout; after the presentation was read.
 QList<Finding> findingsOfPhone(const Message& message);

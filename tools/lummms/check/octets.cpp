@@ -30,7 +30,7 @@ MMS_WIRE_Item fieldBehindContentType(const Message& message, MMS_WIRE_Reader& re
 
 namespace {
 
-/// What is wrong with single octets, fields and lengths.
+/// The problems of single octets, fields and lengths.
 void addProblems(QList<Finding>& findings, const Message& message) {
     MMS_WIRE_Reader reader;
     const MMS_WIRE_Item behind = fieldBehindContentType(message, reader);
@@ -41,9 +41,9 @@ void addProblems(QList<Finding>& findings, const Message& message) {
                      printable(problem.what)};
     }
     if (!behind.isNull())
-        findings += {FINDING_ERROR, message.bodyOffset(),
-                     QStringLiteral("Content-Type is not the last field: %1 stands behind it")
-                         .arg(fieldName(behind.code()))};
+        findings +=
+            {FINDING_ERROR, message.bodyOffset(),
+             QStringLiteral("Content-Type is not the last field: %1 follows").arg(fieldName(behind.code()))};
 }
 
 void addMissingFields(QList<Finding>& findings, const Message& message) {
@@ -58,8 +58,8 @@ void addMissingFields(QList<Finding>& findings, const Message& message) {
     }
 }
 
-/// Whether the fields that must come first do. A delivery report may have the version in front of the
-/// transaction id, as the encoder writes it.
+/// Checks the order of the first fields. In a delivery report the version may come before the transaction id,
+/// as the encoder writes it.
 void addOrder(QList<Finding>& findings, const Message& message) {
     QList<int> wanted;
     for (const int code : {FIELD_MESSAGE_TYPE, FIELD_TRANSACTION_ID, FIELD_MMS_VERSION})
@@ -73,7 +73,7 @@ void addOrder(QList<Finding>& findings, const Message& message) {
         if ((*item).code() != code) {
             findings +=
                 {FINDING_WARNING, (*item).offset(),
-                 QStringLiteral("%1 stands where %2 belongs: Message-Type, Transaction-Id and MMS-Version "
+                 QStringLiteral("%1 is in the place of %2: Message-Type, Transaction-Id and MMS-Version "
                                 "come first")
                      .arg(printableStart((*item).name()), fieldName(code))};
             return;
@@ -82,7 +82,7 @@ void addOrder(QList<Finding>& findings, const Message& message) {
     }
 }
 
-/// Parts that go by one name: a reference means the first of them.
+/// Parts with the same name: a reference means the first of them.
 void addNamesakes(QList<Finding>& findings, const QList<MMS_WIRE_Part>& parts) {
     QHash<QString, qsizetype> locations;
     QHash<QString, qsizetype> ids;
@@ -95,7 +95,7 @@ void addNamesakes(QList<Finding>& findings, const QList<MMS_WIRE_Part>& parts) {
                 continue;
             if (known->contains(key)) {
                 findings += {FINDING_WARNING, parts.at(i).item().offset(),
-                             QStringLiteral("parts %1 and %2 have one name, \"%3\"")
+                             QStringLiteral("parts %1 and %2 have the same name, \"%3\"")
                                  .arg(known->value(key) + 1)
                                  .arg(i + 1)
                                  .arg(printableStart(name))};
@@ -110,7 +110,7 @@ void addSize(QList<Finding>& findings, const Message& message) {
     const qint64 limit = qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024;
     if (message.octets().size() > limit)
         findings += {FINDING_ERROR, -1,
-                     QStringLiteral("the message has %1, more than the %2 of the limit")
+                     QStringLiteral("the message has %1, more than the limit of %2")
                          .arg(counted(message.octets().size(), "octet"))
                          .arg(limit)};
 }
@@ -134,7 +134,7 @@ QList<Finding> findingsIn(Message& message) {
     QList<Finding> findings =
         findingsInOctets(message) + findingsInPresentation(message) + findingsOfPhone(message);
     std::stable_sort(findings.begin(), findings.end(), [](const Finding& a, const Finding& b) {
-        const auto place = [](const Finding& finding) { // behind all octets, without one
+        const auto place = [](const Finding& finding) { // findings without a place come last
             return std::pair(finding.severity, static_cast<quint64>(finding.offset));
         };
         return place(a) < place(b);

@@ -20,10 +20,10 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 constexpr int LAST_CODE = 63;
 
 bool isClose(qint64 a, qint64 b) {
-    return std::abs(a - b) <= 2; // both readings count from their own moment
+    return std::abs(a - b) <= 2; // each reading takes the time itself
 }
 
-/// Compares what was sent with what the phone reads.
+/// Compares the message as sent with the phone's reading.
 class PhoneCheck {
 public:
     explicit PhoneCheck(const Message& sent)
@@ -51,10 +51,10 @@ private:
                             .arg(what, printableStart(seen), printableStart(sent)));
     }
 
-    /// Why the phone reads the field at `offset` otherwise, as far as its way through the header shows it:
-    /// ": " and a sentence, or nothing.
+    /// Why the phone reads the field at `offset` differently, if phoneSteps() shows it: ": " and a sentence,
+    /// or nothing.
     QString causeAt(qint64 offset) const {
-        // the steps stand one behind the other
+        // the steps are in the order of their octets
         auto step = std::upper_bound(steps_.begin(), steps_.end(), offset,
                                      [](qint64 at, const PhoneStep& s) { return at < s.begin; });
         step = step != steps_.begin() && offset < std::prev(step)->end ? std::prev(step) : steps_.end();
@@ -67,7 +67,7 @@ private:
                  QLatin1String(step->isKnown() ? "is read beyond its end" : "is unknown to it"));
     }
 
-    /// Seconds from now; less than none for a moment that is past.
+    /// Seconds from now; negative for a time in the past.
     qint64 expirySent() const {
         const MMS_WIRE_Item sent = sent_.wire().field(FIELD_EXPIRY);
         return sent.kind() == MMS_WIRE_Item::TIME
@@ -90,7 +90,7 @@ private:
         }
     }
 
-    /// The field's first item that fits its form, else its first one; null when it was not sent.
+    /// The field's first item that fits its form, or else its first one; null when it was not sent.
     MMS_WIRE_Item itemOf(int code) const {
         const MMS_WIRE_Item fitting = sent_.wire().field(code);
         if (!fitting.isNull())
@@ -114,7 +114,7 @@ private:
             add(offset, QStringLiteral("the phone does not see %1%2").arg(name, causeAt(offset)));
         else if (!wasSent && isSeen && field.code != FIELD_DATE && item.isNull())
             add(offset,
-                QStringLiteral("the phone sees %1, \"%2\", which was not sent").arg(name, value(phone_)));
+                QStringLiteral("the phone reads %1 as \"%2\", which was not sent").arg(name, value(phone_)));
         else if (!wasSent && isSeen && field.code != FIELD_DATE)
             add(offset, QStringLiteral("the phone reads %1 as \"%2\", not \"%3\"%4")
                             .arg(name, value(phone_), printableStart(item.valueText()), causeAt(offset)));
@@ -139,7 +139,7 @@ private:
             add(sent_.bodyOffset(), QStringLiteral("the phone sees no parts"));
         MMS_WIRE_Reader reader;
         if (!wasSent || !phone_.hasBody || !fieldBehindContentType(sent_, reader).isNull())
-            return; // without its header there is no body, which was told
+            return; // without the header there is no body, which is reported already
         const int parts = sent_.body.getPartCount();
         const int seen = phone_.body.getPartCount();
         if (phone_.bodyStatus && seen < parts)
@@ -163,7 +163,7 @@ private:
         const int slides = sent_.presentation->getTotalSlidesNum();
         const int shown = phone_.presentation->getTotalSlidesNum();
         if (finds != (sent_.smilPart != nullptr))
-            add(-1, finds ? QStringLiteral("the phone takes a part for the presentation, and there is none")
+            add(-1, finds ? QStringLiteral("the phone takes a part for the presentation, but there is none")
                           : QStringLiteral("the phone does not find the presentation"));
         else if (shown != slides)
             add(-1, QStringLiteral("the phone shows %1, not %2").arg(counted(shown, "slide")).arg(slides));
@@ -180,7 +180,7 @@ private:
         return numbers;
     }
 
-    /// The references of a slide's objects, each with the number of the part that it means.
+    /// The references of a slide's objects, each with the number of its part.
     static QString contentsOf(const Message& message, int slide, const PartNumbers& numbers) {
         QStringList contents;
         for (const MMS_COMP_SMILMediaObject* object : *message.presentation->getSlide(slide)) {
@@ -210,9 +210,9 @@ private:
         compareText(offset, "the name" + ofPart, sent.getContentLocation(), phone.getContentLocation());
         compareText(offset, "the Content-ID" + ofPart, sent.getContentID(), phone.getContentID());
         if (sent.getPartFlags() != phone.getPartFlags())
-            add(offset, QStringLiteral("the phone reads the request for consent%1 otherwise").arg(ofPart));
+            add(offset, QStringLiteral("the phone reads the request for consent%1 differently").arg(ofPart));
         if (sent.getBodyData() != phone.getBodyData())
-            add(offset, QStringLiteral("the phone reads the data of part %1 otherwise%2")
+            add(offset, QStringLiteral("the phone reads the data of part %1 differently%2")
                             .arg(number, causeOfData(wire)));
         if (sent.getSubBodyCount() != phone.getSubBodyCount())
             add(offset, QStringLiteral("the phone sees %1 in part %2, not %3")
@@ -226,12 +226,12 @@ private:
                         *phone.getSubBody(static_cast<unsigned int>(i)));
     }
 
-    /// ": " and what the phone does not undo, or nothing.
+    /// ": " and what the phone does not decode, or nothing.
     static QString causeOfData(const MMS_WIRE_Part& part) {
         const QString encoding = part.transferEncoding();
         for (const QStringView undone : {u"base64", u"quoted-printable"})
             if (equalLowered(encoding, undone))
-                return QStringLiteral(": it does not undo %1").arg(undone);
+                return QStringLiteral(": it does not decode %1").arg(undone);
         const QString charset = part.charset();
         return charset.isEmpty() ? QString()
                                  : QStringLiteral(": their charset is %1").arg(printableStart(charset));

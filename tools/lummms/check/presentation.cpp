@@ -15,9 +15,9 @@
 
 namespace {
 
-constexpr double UNKNOWN = std::numeric_limits<double>::quiet_NaN(); // compares false with anything
+constexpr double UNKNOWN = std::numeric_limits<double>::quiet_NaN(); // comparisons with it are false
 
-/// A measure in pixels: "120", "120px", or "50%" of the screen. 0 when it is not given.
+/// A measure in pixels: "120", "120px", or "50%" of the screen; 0 when absent.
 double pixels(QStringView text, double screen) {
     text = text.trimmed();
     if (text.isEmpty())
@@ -29,20 +29,20 @@ double pixels(QStringView text, double screen) {
     return !isNumber ? UNKNOWN : isPercent ? number * screen / 100 : number;
 }
 
-/// A side of the screen; unknown when it is not given.
+/// A side of the screen; unknown when absent.
 double screenPixels(QStringView text) {
     const double side = pixels(text, UNKNOWN);
     return side > 0 ? side : UNKNOWN;
 }
 
-/// Whether a region reaches beyond the screen in one direction.
+/// Whether a region extends beyond the screen in one direction.
 bool reachesBeyond(QStringView start, QStringView extent, double screen) {
     constexpr double tolerance = 0.01;
     const double begin = pixels(start, screen);
     return begin < 0 || begin + pixels(extent, screen) > screen + tolerance;
 }
 
-/// Goes through the text of a presentation.
+/// Checks the text of a presentation.
 class PresentationCheck {
 public:
     explicit PresentationCheck(const Message& message) : message_(message) { indexParts(); }
@@ -63,7 +63,7 @@ private:
 
     void warn(qint64 offset, const QString& what) { findings_ += {FINDING_WARNING, offset, what}; }
 
-    /// The names by which the presentation can mean a part; the first of several parts has them.
+    /// The names by which the presentation can refer to a part; of several equal names the first counts.
     void indexParts() {
         for (int i = 0; i < message_.body.getPartCount(); ++i) {
             const auto& part = *partAt(i);
@@ -75,7 +75,7 @@ private:
         }
     }
 
-    /// The body is only looked at.
+    /// The body is only read.
     MMS_COMP_SMILMultipartBodypart* partAt(int i) const {
         return const_cast<MMS_COMP_SMILMultipart&>(message_.body).getBodypartByIndex(i, false);
     }
@@ -86,7 +86,7 @@ private:
         const qsizetype start = std::max<qsizetype>(text.indexOf(QLatin1String("<smil")), 0);
         lineOffset_ = text.first(start).count(u'\n');
         QXmlStreamReader xml(text.sliced(start));
-        xml.setNamespaceProcessing(false); // the reader of presentations needs no declared prefixes either
+        xml.setNamespaceProcessing(false); // the SMIL reader does not require declared prefixes either
         while (!xml.atEnd())
             if (xml.readNext() == QXmlStreamReader::StartElement)
                 readElement(xml);
@@ -136,7 +136,7 @@ private:
                      .arg(height_));
     }
 
-    /// Parts that no slide shows, and that are not meant as attachments.
+    /// Parts that no slide shows and that are not marked as attachments.
     void findUnused() {
         const QList<MMS_WIRE_Part> sent = message_.wire().parts();
         for (int i = 0; i < message_.body.getPartCount() && i < sent.size(); ++i)
@@ -162,6 +162,6 @@ private:
 } // namespace
 
 QList<Finding> findingsInPresentation(const Message& message) {
-    // of a text that cannot be read nothing can be said but that, which problems() does
+    // an unreadable text is reported by problems()
     return message.smilPart && !message.smilStatus ? PresentationCheck(message).run() : QList<Finding>();
 }

@@ -41,15 +41,14 @@ Command checkCommand() {
         "Reports what will go wrong with a message.",
         {"[--json] FILE..."},
         "Prints a line for each finding: severity, offset if there is one, and a sentence.\n"
-        "  error    malformed, or something is lost: a field that must be there, the part of a reference,\n"
-        "           a presentation that cannot be read, more octets than the limit\n"
-        "  warning  a deviation that is read all the same, fields out of order, a part without a reference,\n"
-        "           two parts of one name, a region outside the screen\n"
-        "  phone    what the phone loses or reads differently, and why; except the Date, which it replaces "
-        "by\n"
-        "           the time of reading, names of charsets, and the layout\n"
+        "  error    malformed, or something is missing: a mandatory field, the part of a reference;\n"
+        "           a presentation that cannot be read, a message larger than the limit\n"
+        "  warning  a deviation from the standard that does not prevent reading, fields out of order,\n"
+        "           a part without a reference, parts with the same name, a region outside the screen\n"
+        "  phone    what the phone loses or reads differently, and why; except the Date, which it always\n"
+        "           replaces, names of charsets, and the layout\n"
         "A message without findings prints nothing. Exit status 1 with errors or warnings.\n",
-        {{"json", "Prints the findings as JSON, for a program."}},
+        {{"json", "Prints the findings as JSON."}},
         {"FILE..."},
         {},
         check,
