@@ -12,10 +12,10 @@ int main(int argc, char** argv) {
     if (MMS_COMP_Util::getQByteArraySrcByFileName(picture, name, true) != MMS_COMP_Util::FILE_READ)
         return 2;
 
-    // the slides; their content is added to the body
+    // the slides, on a screen with room for both regions of the layout; their content is added to the body
     MMS_COMP_SMILMultipart body;
     MMS_COMP_SMILData presentation(&body);
-    MMS_COMP_SMILParser::updateToVarnelioRootLayout(&presentation);
+    presentation.setRootLayout(120, 320);
     MMS_COMP_SMILParser::updateToVarnelioRegion(&presentation);
     MMS_COMP_SMILTimingContainer* slide = presentation.appendSlide();
     slide->setDur(8000);

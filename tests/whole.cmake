@@ -24,6 +24,8 @@ set(readme ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/readme)
 if(LUM_BUILD_TOOLS)
     add_test(NAME completion COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/completion $<TARGET_FILE:lummms>)
     add_test(NAME readme COMMAND ${readme} $<TARGET_FILE:lummms>)
+    add_test(NAME sample COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/sample $<TARGET_FILE:lummms>
+             ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms $<TARGET_FILE:compose_message>)
     add_test(NAME man_page COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/tests/documents/man_page $<TARGET_FILE:lummms>
              ${CMAKE_CURRENT_SOURCE_DIR}/tools/lummms/sample.mms)
 else()

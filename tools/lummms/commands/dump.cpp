@@ -31,7 +31,7 @@ Command dumpCommand() {
         "offset, the first sixteen octets, name and value, and in brackets what is wrong. Items inside a\n"
         "field or a part are indented. Every octet of the message belongs to an item, also octets that\n"
         "are not understood.\n",
-        {{"json", "Prints all of it as JSON, for a program."}},
+        {{"json", "Prints the items as JSON."}},
         {"FILE"},
         {},
         dump,

@@ -165,9 +165,10 @@ Command showCommand() {
             "standard input is a message in base64, optionally after a key and a tab, and gives one line\n"
             "at once, with \"key\" or, without a key, \"line\", its number. A malformed message or a line\n"
             "without a message gives \"error\"; the filter goes on.\n"),
-        {{QStringLiteral("json"), QStringLiteral("Prints all of it as JSON, for a program.")},
+        {{QStringLiteral("json"), QStringLiteral("Prints the message as JSON.")},
          {QStringLiteral("lines"),
-          QStringLiteral("With --json: one line a message; without FILE a filter for lines of base64.")},
+          QStringLiteral(
+              "With --json: one line for each message; without FILE a filter for lines of base64.")},
          phoneOption()},
         {QStringLiteral("[FILE...]")},
         QString(),

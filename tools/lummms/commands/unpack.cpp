@@ -189,13 +189,13 @@ Command unpackCommand() {
         "Writes the parts of messages into a directory.",
         {"[--phone] [--force] [--part N|NAME] FILE DIR", "[--phone] [--force] [--part N|NAME] FILE... DIR",
          "[--phone] [--force] --part N|NAME -o OUTPUT FILE", "[--phone] --list FILE..."},
-        "Writes each part, parts within parts too, into DIR under the file name of its\n"
+        "Writes each part, nested parts too, into DIR under the file name of its\n"
         "Content-Location. DIR is created if needed; with several messages each gets a subdirectory\n"
         "named after its file. A name that exists already gets a number (photo_0.jpg); with --force\n"
         "the file is replaced. Prints a line for each file. A part that cannot be written is\n"
         "reported, and the others are written.\n",
         {
-            {"list", "Only prints number, type, size and name of each part."},
+            {"list", "Prints number, type, size and name of each part, and writes nothing."},
             {"part",
              "Writes only the part of that number or name (Content-Location or Content-ID); may be given "
              "again.",
