@@ -179,11 +179,11 @@ public:
     /// Deletes all sub-bodies.
     void clearSubBody() { subBodies_.clear(); }
 
-    /// Reads a record into this part; its sub-bodies come behind those already there. Of a record that
-    /// ends early it gets what was there: true, and the stream's status tells. False, with what was read so
-    /// far, when sub-bodies are nested deeper than 16 or cannot be made.
+    /// Reads a record into this part; its sub-bodies are added behind the existing ones. True, also for a
+    /// record that ends early, of which the part gets what was there: check the stream's status. False, with
+    /// what was read so far, when sub-bodies are nested deeper than 16 or there is no memory.
     bool readFromStream(QDataStream& stream);
-    /// Writes the part as a record: always true. Whether it arrived, the stream's status tells.
+    /// Writes the part as a record. Always true: check the stream's status.
     bool writeToStream(QDataStream& stream) const;
 
     /// The list that deletes this part; null when the program that made or read the part does.
@@ -191,22 +191,22 @@ public:
 
 private:
     friend class BodypartLink;
-    friend class BodypartList;  // alone tells a part who owns it
+    friend class BodypartList;  // sets the owner of a part
     friend class PartIndex;     // sorts names by their keys
     friend class PartReference; // compares names by their keys, and without copying them
 
-    /// Hands the part to another list (null: to the caller); the former one forgets it.
+    /// Moves the part to another list, or to the caller with null; the former list forgets it.
     void setOwner(BodypartList* owner);
     bool readRecord(RecordReader& record, int depth);
     void writeRecord(RecordWriter& record) const;
     bool holds(const MMS_COMP_SMILMultipartBodypart* part) const;
     qint64 totalSize() const;
 
-    // texts begin empty, not null: a record tells the two apart
+    // empty, not null: records distinguish the two
     int dispFileType_ = ORDINARY_PART;
-    quint32 locationKey_ = 0;   // loweredKey() of the location, of the bare id in it, of the bare id:
-    quint32 locationIdKey_ = 0; // most names differ in them. They stand next to the type, so that looking
-    quint32 idKey_ = 0;         // for a part touches one line of memory of each
+    quint32 locationKey_ = 0;   // loweredKey() of the location, of the id in it, of the Content-ID: most
+    quint32 locationIdKey_ = 0; // parts differ in them. They are next to the type, so that a look-up
+    quint32 idKey_ = 0;         // reads one cache line of each part
     QString dispFileName_ = QStringLiteral("");
     QString contentType_ = QStringLiteral("");
     QString subType_ = QStringLiteral("");

@@ -34,8 +34,8 @@ TEST_F(ShowTest, ShowsAMessageToAProgram) {
 }
 
 TEST_F(ShowTest, TellsWhatIsWrongAndShowsTheRest) {
-    // what is wrong, the phone's result of the header, the parts that it reads and those there are, and what
-    // both readings tell
+    // the fault; the phone's result for the header, the parts that it reads and those there are; and what
+    // both readings report
     const QByteArray cut = HEADER.left(HEADER.indexOf("Hi") + 1);
     const QByteArray swallowed = octets("8C 84 98") + zeroed("T1") + octets("99 80 8B 61 00 96 62 00 8F");
     const std::tuple<const char*, QByteArray, int, int, int, const char*, const char*> rows[] = {

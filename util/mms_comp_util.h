@@ -12,7 +12,7 @@ public:
     enum FILE_STATUS {
         FILE_READ = 0,        ///< the whole file was read
         FILE_NOT_OPENED = -1, ///< there is no such file, or it must not be read
-        FILE_NO_SIZE = -2,    ///< the file does not tell its size, as a pipe
+        FILE_NO_SIZE = -2,    ///< the file has no size, like a pipe
         FILE_NO_MEMORY = -3,  ///< no memory for the contents, or they could not be read
         FILE_TOO_LARGE = -4,  ///< larger than an outgoing message may be
     };

@@ -104,9 +104,9 @@ public:
     void setEndTimeEvent(const QString& id) { end_.id = id; }
     /// Sets the milliseconds of the end.
     void setEndTimeLength(int milliseconds) { end_.value = milliseconds; }
-    /// The container is not taken over.
+    /// Sets the container, which is not owned.
     void setMultiPart(MMS_COMP_SMILMultipart* multipart) { multipart_ = multipart; }
-    /// Links to another body part, which is not taken over; its reference count stays as it is.
+    /// Links to another body part, which is not owned; its reference count is unchanged.
     void setData(MMS_COMP_SMILMultipartBodypart* part);
 
     /// Fills the object from a SMIL media element and links it to the body part of `multipart` (null for
@@ -120,13 +120,13 @@ public:
     /// memory for a part.
     bool setData(const QString& regionId, const QString& src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
                  const QString& subType, const QArray<char>& bytes, MMS_COMP_SMILMultipart* multipart);
-    /// Copies this object into `target`, whose content is the presentation part or linked part of
-    /// `multipart` that the `src` names; its reference count is left alone. The copy begins when this
-    /// object ends, and keeps the end that it has. False, with the target partly filled, if there is none;
-    /// false too when an argument is null or the target is this object.
+    /// Copies this object into `target`; its content is the presentation part or linked part of `multipart`
+    /// that `src` refers to, whose reference count is unchanged. The copy begins when this object ends, and
+    /// has the same end. False, with the target partly filled, when there is no such part; false too when an
+    /// argument is null or the target is this object.
     bool copyTo(MMS_COMP_SMILMediaObject* target, MMS_COMP_SMILMultipart* multipart) const;
     /// Releases the body part: the container drops one reference to the part of that Content-Location, and
-    /// deletes it with the last one. Without a container the part is deleted, whoever owns it.
+    /// deletes it with the last one. Without a container the part is deleted, whatever owns it.
     void clear();
 
     /// Number of params.
@@ -148,10 +148,10 @@ public:
     /// The value of the first param of that name, or "".
     QString getParamValueByName(const QString& name) const;
 
-    /// Reads the record that writeToStream() writes. The object's former body part is deleted, whoever owns
+    /// Reads the record that writeToStream() writes. The object's former body part is deleted, whatever owns
     /// it; the caller owns the new one. Params are added to the existing ones. False without memory, or when
-    /// the part's record is nested too deep. A record that is cut off is read as far as it goes; the
-    /// stream's status tells.
+    /// the part's record is nested too deep. A record that ends early is read as far as it goes, with true:
+    /// check the stream's status.
     bool readFromStream(QDataStream& stream);
     /// Always true.
     bool writeToStream(QDataStream& stream) const;

@@ -46,8 +46,8 @@ public:
     void setAll(const QString& name, const QString& value, MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
                 const QString& refValueType);
 
-    /// Reads the record that writeToStream() writes: name, value, value type, ref value type. Always
-    /// true: of a record that ends early the rest is empty, and the stream's status tells.
+    /// Reads the record that writeToStream() writes: name, value, value type, ref value type. Always true;
+    /// when the record ends early, the remaining values are empty: check the stream's status.
     bool readFromStream(QDataStream& stream);
     /// Always true.
     bool writeToStream(QDataStream& stream) const;

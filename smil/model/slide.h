@@ -113,10 +113,10 @@ public:
     /// when the target is null or this slide.
     bool copyTo(MMS_COMP_SMILTimingContainer* target, MMS_COMP_SMILMultipart* multipart) const;
 
-    /// Reads the record that writeToStream() writes: duration and objects, which are added to those
-    /// there and have no container; their body parts are the caller's, clear() deletes them. False when an
-    /// object cannot be made, or sub-bodies are nested too deep. A record that ends early gives what was
-    /// there, and the stream's status tells.
+    /// Reads the record that writeToStream() writes: duration and objects. The objects are added to the
+    /// existing ones and have no container; the caller owns their body parts, and clear() deletes them. False
+    /// without memory, or when sub-bodies are nested too deep. A record that ends early is read as far as it
+    /// goes, with true: check the stream's status.
     bool readFromStream(QDataStream& stream);
     /// Always true. Colours, text size and the manual flag are not part of the record.
     bool writeToStream(QDataStream& stream) const;
