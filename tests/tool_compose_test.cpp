@@ -27,6 +27,8 @@ TEST_F(ComposeTest, EverythingAskedForIsThere) {
     expectShown({path("m.mms")}, "composed.txt");
     const QJsonValue header = lummms({"show", "--json", path("m.mms")}).json()["header"];
     EXPECT_TRUE(header["fieldOrderCorrect"].toBool() && header["mandatoryFieldsPresent"].toBool());
+    const Outcome check = lummms({"check", path("m.mms")});
+    EXPECT_TRUE(check.status == 0 && check.out.isEmpty()) << check.out.constData();
 }
 
 TEST_F(ComposeTest, WhatCannotBeSentIsRefusedAndNothingWritten) {

@@ -4,6 +4,8 @@
 #include "tools/lummms/compose/assembly.h"
 
 #include "codec/codec_result.h"
+#include "codec/integer_binary.h"
+#include "codec/linear_buffer.h"
 #include "codec/ua_encoder.h"
 #include "codec/ua_msg.h"
 #include "multipart/body_part.h"
@@ -40,6 +42,7 @@ private:
     MMS_COMP_SMILMultipart parts_;
     MMS_COMP_SMILData presentation_{&parts_};
     MMS_COMP_SMILMultipartBodypart* smilPart_ = nullptr;
+    int attachments_ = 0;
     bool isWhole_ = true;
 };
 
@@ -106,6 +109,34 @@ void Body::addAttachment(const Item& item) {
     part->setDispFileName(location);
     part->setBodyData(item.octets);
     parts_.appendBodypart(part.release());
+    ++attachments_;
+}
+
+/// The body with a Content-Disposition in each part from `first` on, which the library's encoder does not
+/// write: without it receivers take a part that no slide shows for one that was forgotten.
+QByteArray withAttachmentsMarked(QArray<char> body, int first) {
+    constexpr QByteArrayView attachment("\xAE\x01\x81");
+    LinearBuffer in(reinterpret_cast<unsigned char*>(body.data()), static_cast<int>(body.size()));
+    const auto take = [&in](int octets) {
+        return QByteArrayView(reinterpret_cast<const char*>(in.skip(octets)), octets);
+    };
+    QByteArray marked = take(1).toByteArray(); // number of parts
+    for (int part = 0; in.hasMore(); ++part) {
+        const bool isAttachment = part >= first;
+        int headLength = 0, dataLength = 0;
+        UIntBinary::readFrom(&in, &headLength);
+        UIntBinary::readFrom(&in, &dataLength);
+        unsigned char octets[10]; // two lengths
+        LinearBuffer lengths(octets, sizeof octets);
+        UIntBinary::writeTo(&lengths, headLength + (isAttachment ? int(attachment.size()) : 0));
+        UIntBinary::writeTo(&lengths, dataLength);
+        marked.append(reinterpret_cast<const char*>(octets), lengths.getPosition());
+        marked += take(headLength);
+        if (isAttachment)
+            marked += attachment;
+        marked += take(dataLength);
+    }
+    return marked;
 }
 
 bool Body::encode(MMS_UA_UAMsg& header, QArray<char>& octets, QString& cause) {
@@ -124,6 +155,8 @@ bool Body::encode(MMS_UA_UAMsg& header, QArray<char>& octets, QString& cause) {
         octets = MMS_COMP_SMILMultipartParser::assembleBody(&parts_, &header, &status);
     if (status)
         cause = explained(bodyStatusWords, "status", status);
+    else if (cause.isEmpty() && smilPart_ && attachments_)
+        octets = withAttachmentsMarked(octets, parts_.getPartCount() - attachments_);
     return cause.isEmpty();
 }
 
