@@ -127,7 +127,8 @@ TEST_F(ShowTest, WrongUseIsToldInOneLine) {
     for (const auto& [arguments, cause] : rows)
         expectRefused(arguments, cause);
     EXPECT_FALSE(QFileInfo::exists(path("s.png")));
-    for (const QStringList& arguments : {QStringList{"help"}, {"show", "--help"}, {"help", "smil"}}) {
+    for (const QStringList& arguments :
+         {QStringList{"help"}, {"help", "help"}, {"show", "--help"}, {"help", "smil"}}) {
         EXPECT_EQ(lummms(arguments).status, 0);
         EXPECT_TRUE(lummms(arguments).out.contains("Usage:"));
     }

@@ -143,9 +143,9 @@ int runNamed(QStringList arguments) {
         return EXIT_UNUSABLE;
     }
     QString name = arguments.takeFirst();
-    const bool wantsHelp =
-        name == QLatin1String("help") || name == QLatin1String("--help") || name == QLatin1String("-h");
-    if (wantsHelp && arguments.isEmpty()) {
+    const QStringList helpNames{QStringLiteral("help"), QStringLiteral("--help"), QStringLiteral("-h")};
+    const bool wantsHelp = helpNames.contains(name);
+    if (wantsHelp && (arguments.isEmpty() || helpNames.contains(arguments.last()))) {
         print(overview(commands));
         return EXIT_DONE;
     }

@@ -6,16 +6,14 @@
 #include "codec/linear_buffer.h"
 #include "codec/text_binary.h"
 #include "codec/ua_msg.h"
-#include "tools/lummms/terminal.h"
 
 namespace {
 
-/// What the octets at the place of a field are: its name if they have one, else the first octet.
-QString unknownField(unsigned char octet, const QString& name) {
-    if (octet >= 0x20 && octet < 0x7F && !name.isEmpty())
-        return QStringLiteral("header \"%1\"").arg(printableStart(name));
+/// What stands where a field should begin and is not known, by its first octet. (The decoder takes the first
+/// letter of a header by name for a length: the text that it then reads is another.)
+QString unknownField(unsigned char octet) {
     const QString number = QString::number(octet, 16).toUpper().rightJustified(2, u'0');
-    return QStringLiteral("%1 0x%2").arg(QLatin1String(octet & 0x80 ? "field" : "octet"), number);
+    return QStringLiteral("%1 0x%2").arg(QLatin1String(octet & 0x80 ? "field" : "code"), number);
 }
 
 /// Reads a field like MMS_UA_Decoder.
@@ -37,7 +35,7 @@ PhoneStep nextStep(LinearBuffer& buffer, MMS_UA_UAMsg& scratch) {
     if (result == CODEC_READ && field)
         result = field->codec->readField(&buffer, &scratch);
     step.code = field ? field->code : -1;
-    step.asWritten = field ? QString::fromLatin1(field->name) : unknownField(first, name);
+    step.asWritten = field ? QString::fromLatin1(field->name) : unknownField(first);
     step.isRead = result == CODEC_READ;
     step.end = buffer.getPosition();
     return step;

@@ -11,7 +11,7 @@ struct PhoneStep {
     qint64 end;        ///< position behind its last octet
     int code;          ///< the field's code; -1 for an unknown one, which is skipped as two texts
     bool isRead;       ///< false for the field at which the decoder gives up
-    QString asWritten; ///< for the user: "Subject", "field 0x99", "header \"X-Colour\""
+    QString asWritten; ///< for the user: "Subject", "field 0x99", "code 0x58"
 
     bool isKnown() const { return code >= 0; }
 };
