@@ -29,7 +29,9 @@ QString overview(const QList<Command>& commands) {
                           "lummms COMMAND --help shows all options of a command, lummms --version the "
                           "version.\n"
                           "A FILE \"-\" is standard input or standard output. Pipes are read to their "
-                          "end, up to 64 MiB.\n\n"
+                          "end, up to 64 MiB.\n"
+                          "The phone: the phone for which the library's decoders were written; its rules "
+                          "differ from the\nstandard in places.\n\n"
                           "Exit status: 0 done; 1 the input is malformed, what could be read was "
                           "used;\n2 wrong usage, a file that cannot be read or written, a message that "
                           "is too large or has nothing to draw.\n");

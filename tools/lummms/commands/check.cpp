@@ -45,8 +45,8 @@ Command checkCommand() {
         "           a presentation that cannot be read, a message larger than the limit\n"
         "  warning  a deviation from the standard that does not prevent reading, fields out of order,\n"
         "           a part without a reference, parts with the same name, a region outside the screen\n"
-        "  phone    what the phone loses or reads differently, and why; except the Date, which it always\n"
-        "           replaces, names of charsets, and the layout\n"
+        "  phone    what the phone loses or reads differently, and why\n"
+        "The Date and the layout, which the phone always replaces, and names of charsets are not reported.\n"
         "A message without findings prints nothing. Exit status 1 with errors or warnings.\n",
         {{"json", "Prints the findings as JSON."}},
         {"FILE..."},

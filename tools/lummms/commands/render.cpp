@@ -131,8 +131,8 @@ Command renderCommand() {
     return {
         "render",
         "Draws the slides of a message, in a picture or on a page.",
-        {"FILE -o SLIDES.png [--slides FROM-TO] [--scale NUMBER] [--phone]",
-         "FILE -o SLIDES.html [--slides FROM-TO] [--phone]"},
+        {"FILE -o SLIDES.png [--force] [--slides FROM-TO] [--scale NUMBER] [--phone]",
+         "FILE -o SLIDES.html [--force] [--slides FROM-TO] [--phone]"},
         "A .png shows at most 30 slides side by side in the sender's layout, each with its duration, its\n"
         "sounds and its other parts below. A .html is a single page that loads nothing else: header, slides\n"
         "to play, and all parts to save. Arrow keys and buttons change the slide, the space bar pauses and\n"

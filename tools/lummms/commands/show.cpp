@@ -161,6 +161,7 @@ Command showCommand() {
             "read by the rules of the phone, as the library's decoders do: use this to know what the\n"
             "phone shows. The phone loses unknown fields and their neighbours, and its Date is the time\n"
             "of reading. Of a malformed message everything that could be read is shown.\n"
+            "Dates are shown in local time.\n"
             "With --lines each FILE gives one line of JSON, with \"file\". Without FILE each line of\n"
             "standard input is a message in base64, optionally after a key and a tab, and gives one line\n"
             "at once, with \"key\" or, without a key, \"line\", its number. A malformed message or a line\n"
