@@ -156,16 +156,20 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart* body) {
     if (!body)
         return;
     std::optional<PartNames> names; // made for the first part without a location
+    bool isNumbered = false;        // all names are made by number
     Suffixes suffixes;
     for (MMS_COMP_SMILMultipartBodypart* part : body->parts_) {
         if (part->getContentLocation().isEmpty()) {
-            if (!names)
-                names.emplace(body->parts_, onlyFiles(body->parts_) ? PartNames::attachmentPrefix : u"");
+            if (!names) {
+                isNumbered = onlyFiles(body->parts_);
+                names.emplace(body->parts_, isNumbered ? PartNames::attachmentPrefix : u"");
+            }
             const QString shown = part->getDispFileName();
             const QString location = shown.isEmpty() ? names->uniqueAttachmentLocation(suffixes.of(*part))
                                                      : names->uniqueLocation(shown);
             part->setContentLocation(location);
-            names->addLocation(location);
+            if (!isNumbered) // names by number are never made twice
+                names->addLocation(location);
         }
         if (part->getDispFileName().isEmpty())
             part->setDispFileName(part->getContentLocation());

@@ -51,7 +51,10 @@ QString PartNames::uniqueLocation(const QString& name) const {
 QString PartNames::uniqueAttachmentLocation(const QString& suffix) {
     const auto taken = [this](const QString& name) { return contains(name); };
     const auto file = [&](const QString& after) {
-        return numberedName(QStringLiteral("file"), after, taken, &nextFile_[after]);
+        int& next = nextFile_[lowered(after)];
+        const QString name = numberedName(QStringLiteral("file"), after, taken, &next);
+        ++next;
+        return name;
     };
     const QString name = file(suffix);
     return name.isNull() ? file(QString()) : name;

@@ -26,11 +26,12 @@ public:
     /// The prefix of all names that uniqueAttachmentLocation() returns.
     static constexpr QStringView attachmentPrefix = u"file";
     /// See MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(); `suffix` is the extension with its dot.
+    /// No name is returned twice, even one that was not added.
     QString uniqueAttachmentLocation(const QString& suffix);
 
 private:
     const QStringView prefix_;
     QSet<QString> contentIds_;     // without "cid:" and brackets, in lower case
     QSet<QString> locations_;      // in lower case
-    QHash<QString, int> nextFile_; // by what follows the number: the number at which the next search begins
+    QHash<QString, int> nextFile_; // by what follows the number, in lower case: where the next search begins
 };
