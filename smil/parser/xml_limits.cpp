@@ -94,7 +94,7 @@ class MarkupScan {
 public:
     explicit MarkupScan(QStringView xml) : xml_(xml) {}
 
-    /// Checks all markup; returns the first limit broken. When entities or default attributes are declared,
+    /// Checks all markup; returns the first limit broken. When entities or attributes are declared,
     /// the document can be larger than its text: the text must then be short, and no entity may use another.
     int check() {
         while ((at_ = xml_.indexOf(u'<', at_)) >= 0) {
@@ -116,7 +116,7 @@ public:
         return ALLOWED;
     }
 
-    /// Whether check() found a declaration of an entity or of default attributes.
+    /// Whether check() found a declaration of an entity or of attributes.
     bool declares() const { return declares_; }
 
 private:

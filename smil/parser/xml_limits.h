@@ -7,8 +7,8 @@
 constexpr int MAX_XML_DEPTH = 128;
 /// The most attributes of a tag: comparing their names takes quadratic time.
 constexpr int MAX_XML_ATTRIBUTES = 1000;
-/// The most characters of a text that declares entities or default attributes. Each use of an entity repeats
-/// its elements, and each element the default attributes: the document grows with the cube of the text.
+/// The most characters of a text that declares entities or attributes. Each use of an entity repeats its
+/// elements, and each element the attributes with a default: the document grows with the cube of the text.
 constexpr qsizetype MAX_DECLARING_XML = 1024;
 
 /// Checks in linear time whether a text may be given to the XML reader: 0 if so, -16 for elements nested too
